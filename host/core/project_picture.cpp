@@ -1,0 +1,98 @@
+#include "host/core/project_picture.h"
+
+#include <filesystem>
+
+#include "engine/system.h"
+#include "host/core/device.h"
+#include "host/core/item_store.h"
+#include "host/core/native_path.h"
+#include "host/core/text_conversion.h"
+
+namespace host {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* file_name_key = "file_name";
+constexpr const char* kind_key = "tex_kind";
+constexpr const char* option_key = "tex_option";
+constexpr int usual_kind = 0;
+constexpr int usual_option = 4;
+
+fs::path from_text(const std::string& path) { return fs::path(std::u8string(path.begin(), path.end())); }
+
+std::string to_text(const fs::path& path) {
+    const std::u8string text = path.generic_u8string();
+    return std::string(text.begin(), text.end());
+}
+
+fs::path whole(const fs::path& path) {
+    std::error_code code;
+    const fs::path absolute = fs::absolute(path, code);
+    return (code ? path : absolute).lexically_normal();
+}
+
+IBaseItem* create_picture(XSystem* system) { return new PictureItem(system ? system->render_device : nullptr); }
+
+}  // namespace
+
+std::string folder_of(const std::string& path) { return to_text(from_text(path).parent_path()); }
+
+std::string stored_picture_path(const std::string& path, const std::string& folder) {
+    if (path.empty()) return {};
+    const fs::path picture = whole(native_path(from_utf8(path)));
+    const fs::path relative = picture.lexically_relative(whole(from_text(folder.empty() ? "." : folder)));
+    const bool inside = !relative.empty() && *relative.begin() != "..";
+    return to_text(inside ? relative : picture);
+}
+
+std::string resolved_picture_path(const std::string& stored, const std::string& folder) {
+    if (stored.empty()) return {};
+    const fs::path picture = native_path(from_utf8(stored));
+    // Joined without making it absolute: a project opened by a relative path shows relative pictures.
+    return picture.is_absolute() ? to_text(picture) : to_text((from_text(folder) / picture).lexically_normal());
+}
+
+PictureItem::PictureItem(IBaseDevice* device) : m_device(device) {
+    m_type = ITEM_TYPE_PICTURE;
+    tex_kind = usual_kind;
+    tex_option = usual_option;
+}
+
+void PictureItem::save_to_node(pack_node* node, const save_operation& operation) {
+    ITexture::save_to_node(node, operation);
+    const std::string path = to_utf8(file_name);
+    node->add_string_property(
+        file_name_key, from_utf8(operation.to_file ? stored_picture_path(path, operation.project_folder) : path));
+    if (tex_kind != usual_kind) node->add_property(kind_key, PAK_INT, &tex_kind);
+    if (tex_option != usual_option) node->add_property(option_key, PAK_INT, &tex_option);
+}
+
+void PictureItem::on_parse(pack_node* node, const load_operation& operation) {
+    ITexture::on_parse(node, operation);
+    tstringW stored;
+    node->get_string_property(file_name_key, stored);
+    node->get_property(kind_key, PAK_INT, &tex_kind);
+    node->get_property(option_key, PAK_INT, &tex_option);
+    file_name = from_utf8(resolved_picture_path(to_utf8(stored), operation.project_folder));
+    create_device_texture(m_device);
+    if (!m_device_side && !stored.empty() && operation.warnings)
+        operation.warnings->push_back(to_utf8(operation.owner_name) + ": no picture in \"" + to_utf8(file_name) +
+                                      "\" (missing, or no picture)");
+}
+
+void PictureItem::create_device_texture(IBaseDevice* device) {
+    auto* used = static_cast<Device*>(device ? device : m_device);
+    m_device_side = used && !file_name.empty() ? used->make_texture(file_name) : CMyComPtr<IDeviceTexture>();
+}
+
+void register_picture_items() { register_item_creator(ITEM_TYPE_PICTURE, L"picture", &create_picture, 0); }
+
+CMyComPtr<ITexture> ResourceManager::load_texture_from_file(const wchar_t* path) {
+    CMyComPtr<ITexture> texture(new PictureItem(m_device));
+    texture->file_name = path ? path : L"";
+    texture->create_device_texture(m_device);
+    return texture;
+}
+
+}  // namespace host

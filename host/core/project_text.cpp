@@ -1,0 +1,262 @@
+#include "host/core/project_text.h"
+
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+#include "host/core/text_conversion.h"
+
+namespace host {
+namespace {
+
+bool is_surrogate(std::uint32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
+
+// What XML 1.0 can hold. A carriage return can stand in it, but only as a reference.
+bool is_xml_character(std::uint32_t c) {
+    if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
+    return !is_surrogate(c) && c != 0xFFFE && c != 0xFFFF && c <= 0x10FFFF;
+}
+
+// One character of a wide text and the units that it takes. Pairs of surrogates count as one where wchar_t has 16 bits.
+struct WideCharacter {
+    std::uint32_t code;
+    std::size_t units;
+};
+WideCharacter character_at(std::wstring_view text, std::size_t at) {
+    const auto code = static_cast<std::uint32_t>(text[at]);
+    if constexpr (sizeof(wchar_t) == 2) {
+        const bool pair = code >= 0xD800 && code < 0xDC00 && at + 1 < text.size() && text[at + 1] >= 0xDC00 &&
+                          static_cast<std::uint32_t>(text[at + 1]) <= 0xDFFF;
+        if (pair) {
+            const std::uint32_t low = static_cast<std::uint32_t>(text[at + 1]) - 0xDC00;
+            return {0x10000 + ((code - 0xD800) << 10) + low, 2};
+        }
+    }
+    return {code, 1};
+}
+
+void append_escaped(std::string& out, std::uint32_t code) {
+    char digits[8];
+    const auto end = std::to_chars(digits, digits + sizeof digits, code, 16).ptr;
+    out += "\\u{";
+    out.append(digits, end);
+    out += '}';
+}
+
+bool needs_escape(std::wstring_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const WideCharacter c = character_at(text, at);
+        if (!is_xml_character(c.code)) return true;
+        at += c.units;
+    }
+    return false;
+}
+
+// Length of the UTF-8 sequence at the start, its character in `code`; 0 if it is broken.
+std::size_t read_utf8(std::string_view bytes, std::uint32_t& code) {
+    const auto first = static_cast<unsigned char>(bytes[0]);
+    const std::size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    if (length == 0 || first > 0xF4 || bytes.size() < length) return 0;
+    constexpr std::uint32_t lead_mask[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    constexpr std::uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+    code = first & lead_mask[length];
+    for (std::size_t at = 1; at < length; ++at) {
+        const auto next = static_cast<unsigned char>(bytes[at]);
+        if ((next & 0xC0) != 0x80) return 0;
+        code = (code << 6) | (next & 0x3Fu);
+    }
+    return code < least[length] || is_surrogate(code) || code > 0x10FFFF ? 0 : length;
+}
+
+// The character that a reference like "&#65;" or "&#x41;" stands for; empty for other text.
+std::optional<std::uint32_t> referenced_character(std::string_view text) {
+    if (!text.starts_with("&#")) return {};
+    text.remove_prefix(2);
+    const bool hex = text.starts_with("x");
+    if (hex) text.remove_prefix(1);
+    std::uint32_t code = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), code, hex ? 16 : 10);
+    if (read.ec == std::errc::result_out_of_range) return UINT32_MAX;
+    if (read.ec != std::errc()) return {};
+    return code;
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+constexpr std::uint32_t plain_nan = 0x7FC00000;
+
+std::string format_number(float value) {
+    if (std::isnan(value)) {
+        const auto bits = std::bit_cast<std::uint32_t>(value);
+        if (bits == plain_nan) return "nan";
+        char digits[8];
+        return "nan:" + std::string(digits, std::to_chars(digits, digits + sizeof digits, bits, 16).ptr);
+    }
+    char buffer[32];
+    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+std::string format_number(std::int32_t value) { return std::to_string(value); }
+
+bool parse_number(std::string_view text, std::int32_t& value) {
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+    return read.ec == std::errc() && read.ptr == text.data() + text.size();
+}
+
+bool parse_number(std::string_view text, float& value) {
+    const char* end = text.data() + text.size();
+    if (text == "nan") {
+        value = std::bit_cast<float>(plain_nan);
+        return true;
+    }
+    if (text.starts_with("nan:")) {
+        std::uint32_t bits = 0;
+        const auto read = std::from_chars(text.data() + 4, end, bits, 16);
+        value = std::bit_cast<float>(bits);
+        return read.ec == std::errc() && read.ptr == end && std::isnan(value);
+    }
+    const auto read = std::from_chars(text.data(), end, value);
+    // What the library itself takes as "nan(...)" or "infinity" is not how a project writes it.
+    const bool named = text.find_first_of("nN(") != std::string_view::npos && text != "inf" && text != "-inf";
+    return read.ec == std::errc() && read.ptr == end && !named;
+}
+
+template <class... Numbers>
+std::string joined(const Numbers&... numbers) {
+    std::string text;
+    ((text += text.empty() ? "" : " ", text += format_number(numbers)), ...);
+    return text;
+}
+
+bool next_word(std::string_view& rest, std::string_view& word) {
+    rest = trimmed(rest);
+    word = rest.substr(0, rest.find_first_of(" \t\r\n"));
+    rest.remove_prefix(word.size());
+    return !word.empty();
+}
+
+template <class... Numbers>
+bool parse_numbers(std::string_view text, Numbers&... numbers) {
+    std::string_view word;
+    return ((next_word(text, word) && parse_number(word, numbers)) && ...) && trimmed(text).empty();
+}
+
+}  // namespace
+
+XmlText to_xml_text(std::wstring_view text) {
+    if (!needs_escape(text)) return {to_utf8(text), false};
+    std::string out;
+    for (std::size_t at = 0; at < text.size();) {
+        const WideCharacter c = character_at(text, at);
+        if (c.code == '\\')
+            out += "\\\\";
+        else if (is_xml_character(c.code))
+            out += to_utf8(text.substr(at, c.units));
+        else
+            append_escaped(out, c.code);
+        at += c.units;
+    }
+    return {out, true};
+}
+
+std::optional<std::wstring> from_xml_text(std::string_view bytes, bool escaped) {
+    if (!escaped) return from_utf8(bytes);
+    std::wstring out;
+    while (!bytes.empty()) {
+        const std::size_t plain = std::min(bytes.find('\\'), bytes.size());
+        out += from_utf8(bytes.substr(0, plain));
+        bytes.remove_prefix(plain);
+        if (bytes.empty()) break;
+        if (bytes.starts_with("\\\\")) {
+            out += L'\\';
+            bytes.remove_prefix(2);
+            continue;
+        }
+        std::uint32_t code = 0;
+        if (!bytes.starts_with("\\u{")) return {};
+        const auto read = std::from_chars(bytes.data() + 3, bytes.data() + bytes.size(), code, 16);
+        if (read.ec != std::errc() || read.ptr == bytes.data() + bytes.size() || *read.ptr != '}') return {};
+        if (code > static_cast<std::uint64_t>(WCHAR_MAX)) return {};
+        out += static_cast<wchar_t>(code);
+        bytes.remove_prefix(static_cast<std::size_t>(read.ptr + 1 - bytes.data()));
+    }
+    return out;
+}
+
+std::string format_value(const PropertyValue& value) {
+    struct Formatter {
+        std::string operator()(int v) const { return joined(v); }
+        std::string operator()(StoredBool v) const { return joined(v.value); }
+        std::string operator()(float v) const { return joined(v); }
+        std::string operator()(const CRect& v) const { return joined(v.left, v.top, v.right, v.bottom); }
+        std::string operator()(const VEC3& v) const { return joined(v.x, v.y, v.z); }
+        std::string operator()(const VEC4& v) const { return joined(v.x, v.y, v.z, v.w); }
+        std::string operator()(const tstringW& v) const { return to_utf8(v); }
+    };
+    return std::visit(Formatter{}, value);
+}
+
+std::optional<PropertyValue> parse_value(std::string_view text, const PropertyValue& kind) {
+    struct Parser {
+        std::string_view text;
+        bool operator()(int& v) const { return parse_numbers(text, v); }
+        bool operator()(StoredBool& v) const { return parse_numbers(text, v.value); }
+        bool operator()(float& v) const { return parse_numbers(text, v); }
+        bool operator()(CRect& v) const { return parse_numbers(text, v.left, v.top, v.right, v.bottom); }
+        bool operator()(VEC3& v) const { return parse_numbers(text, v.x, v.y, v.z); }
+        bool operator()(VEC4& v) const { return parse_numbers(text, v.x, v.y, v.z, v.w); }
+        bool operator()(tstringW&) const { return false; }
+    };
+    PropertyValue value = kind;
+    if (!std::visit(Parser{text}, value)) return {};
+    return value;
+}
+
+const char* expected_value(const PropertyValue& kind) {
+    constexpr const char* texts[] = {"a whole number",
+                                     "0 or 1 (or another whole number)",
+                                     "a number, inf, -inf or nan",
+                                     "four whole numbers",
+                                     "three numbers",
+                                     "four numbers",
+                                     "a text"};
+    static_assert(std::size(texts) == std::variant_size_v<PropertyValue>);
+    return texts[kind.index()];
+}
+
+std::optional<long long> parse_whole_number(std::string_view text) {
+    long long value = 0;
+    text = trimmed(text);
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (read.ec != std::errc() || read.ptr != text.data() + text.size()) return {};
+    return value;
+}
+
+std::string format_guid(const CGuid& id) { return to_utf8(id.to_text()); }
+
+std::optional<CGuid> parse_guid(std::string_view text) {
+    const CGuid id(from_utf8(text).c_str());
+    const bool really_zero = text == "00000000-0000-0000-0000-000000000000";
+    if (id.is_empty() && !really_zero) return {};
+    return id;
+}
+
+std::size_t first_bad_byte(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        std::uint32_t code = 0;
+        const std::size_t length = read_utf8(text.substr(at), code);
+        if (length == 0 || !is_xml_character(code)) return at;
+        if (code == '&') {
+            const auto referenced = referenced_character(text.substr(at, 16));
+            if (referenced && !is_xml_character(*referenced)) return at;
+        }
+        at += length;
+    }
+    return std::string_view::npos;
+}
+
+}  // namespace host

@@ -1,0 +1,159 @@
+#include <stdexcept>
+
+#include "host/core/project_disk.h"
+#include "host/core/project_file.h"
+#include "host/core/project_text.h"
+
+namespace host {
+namespace {
+
+// Line breaks and tabs of an attribute survive only as references; a carriage return never survives as itself.
+std::string xml_escaped(std::string_view text, bool in_attribute) {
+    std::string out;
+    out.reserve(text.size());
+    for (const char c : text) {
+        switch (c) {
+            case '&':
+                out += "&amp;";
+                break;
+            case '<':
+                out += "&lt;";
+                break;
+            case '>':
+                out += "&gt;";
+                break;
+            case '\r':
+                out += "&#13;";
+                break;
+            case '"':
+                out += in_attribute ? "&quot;" : "\"";
+                break;
+            case '\n':
+                out += in_attribute ? "&#10;" : "\n";
+                break;
+            case '\t':
+                out += in_attribute ? "&#9;" : "\t";
+                break;
+            default:
+                out += c;
+        }
+    }
+    return out;
+}
+
+class Writer {
+public:
+    std::string write(const ProjectDocument& document) {
+        m_out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project version=\"1\">\n";
+        m_depth = 1;
+        open_section("modules");
+        write_children(document.modules);
+        close("modules");
+        open_section("items");
+        for (const ProjectItem& item : document.items) write_item(item);
+        close("items");
+        return m_out + "</project>\n";
+    }
+
+private:
+    void indent() { m_out.append(m_depth * 2, ' '); }
+    void open_section(const char* name) {
+        indent();
+        m_out += std::string("<") + name + ">\n";
+        ++m_depth;
+    }
+    void close(const char* name) {
+        --m_depth;
+        indent();
+        m_out += std::string("</") + name + ">\n";
+    }
+    void attribute(const char* name, std::string_view value) {
+        m_out += std::string(" ") + name + "=\"" + xml_escaped(value, true) + "\"";
+    }
+    void text_attribute(const char* name, const XmlText& text) {
+        attribute(text.escaped ? (std::string(name) + "-escaped").c_str() : name, text.bytes);
+    }
+    // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
+    void key_attribute(const char* name, const std::string& key) {
+        if (first_bad_byte(key) != std::string::npos || key.find('&') != std::string::npos)
+            throw std::invalid_argument("the " + std::string(name) + " \"" + key + "\" cannot stand in a project file");
+        attribute(name, key);
+    }
+
+    void write_item(const ProjectItem& item) {
+        indent();
+        m_out += "<item";
+        attribute("type", std::to_string(item.type));
+        attribute("id", format_guid(item.id));
+        if (!item.parent.is_empty()) attribute("parent", format_guid(item.parent));
+        text_attribute("name", to_xml_text(item.name));
+        attribute("visible", item.visible ? "1" : "0");
+        attribute("flag", std::to_string(item.flag));
+        write_inside("item", item.data);
+    }
+
+    void write_inside(const char* element, const ProjectNode& node) {
+        if (node.is_empty()) {
+            m_out += "/>\n";
+            return;
+        }
+        m_out += ">\n";
+        ++m_depth;
+        write_children(node);
+        close(element);
+    }
+
+    void write_children(const ProjectNode& node) {
+        for (const Property& property : node.properties()) write_property(property);
+        for (const auto& child : node.children()) {
+            indent();
+            m_out += "<node";
+            key_attribute("name", child->name());
+            write_inside("node", *child);
+        }
+    }
+
+    void write_property(const Property& property) {
+        const char* kind = kind_name(property.value);
+        indent();
+        m_out += std::string("<") + kind;
+        key_attribute("key", property.key);
+        const tstringW* text = std::get_if<tstringW>(&property.value);
+        if (!text) {
+            attribute("value", format_value(property.value));
+            m_out += "/>\n";
+            return;
+        }
+        const XmlText xml = to_xml_text(*text);
+        // Several lines, such as scripts, are for people to read, so they keep their lines.
+        if (!xml.escaped && xml.bytes.find('\n') != std::string::npos) {
+            m_out += ">" + xml_escaped(xml.bytes, false) + "</text>\n";
+            return;
+        }
+        text_attribute("value", xml);
+        m_out += "/>\n";
+    }
+
+    std::string m_out;
+    std::size_t m_depth = 0;
+};
+
+}  // namespace
+
+std::string format_project(const ProjectDocument& document, std::string& error) {
+    try {
+        return Writer().write(document);
+    } catch (const std::invalid_argument& wrong) {
+        error = wrong.what();
+        return {};
+    }
+}
+
+bool write_project(const std::string& path, const ProjectDocument& document, std::string& error) {
+    const std::string bytes = format_project(document, error);
+    const bool good = !bytes.empty() && replace_file(path, bytes, error);
+    if (!good) error = path + ": not saved: " + error;
+    return good;
+}
+
+}  // namespace host

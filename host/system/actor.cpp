@@ -1,0 +1,36 @@
+#include "host/system/actor.h"
+
+#include "host/system/scene.h"
+
+namespace host {
+
+Actor::Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& id)
+    : m_scene(scene), m_item(item), m_type(item->get_type()), m_serial(serial), m_id(id) {}
+
+void Actor::set_name(const wchar_t* name, bool) {
+    // Copied ahead of the change: the new name may be a part of the old one.
+    const tstringW copy = name ? name : L"";
+    m_scene.leave_indexes(*this);
+    m_name = copy;
+    m_scene.enter_indexes(*this);
+}
+
+void Actor::set_id(const CGuid& id) {
+    const CGuid copy = id;
+    m_scene.leave_indexes(*this);
+    m_id = copy;
+    m_scene.enter_indexes(*this);
+}
+
+void Actor::set_parent(IActor* parent) {
+    const auto known = m_scene.m_alive.find(parent);
+    if (parent && known == m_scene.m_alive.end()) return;
+    Actor* above = parent ? known->second : nullptr;
+    for (const Actor* at = above; at; at = at->m_parent)
+        if (at == this) return;
+    if (m_scene.on_parent_changed) m_scene.on_parent_changed(*this, parent);
+    Scene::unlink(*this);
+    Scene::link(*this, above);
+}
+
+}  // namespace host

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+
+#include "engine/scene.h"
+
+namespace host {
+
+class Scene;
+
+/// One node of the scene tree; holds its item. Made and destroyed by its scene alone.
+class Actor final : public IActor {
+public:
+    Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& id);
+    Actor(const Actor&) = delete;
+    Actor& operator=(const Actor&) = delete;
+
+    const tstringW& get_name() const override { return m_name; }
+    void set_name(const wchar_t* name, bool notify) override;
+    CGuid get_id() const override { return m_id; }
+    void set_id(const CGuid& id) override;
+    IActor* get_parent() const override { return m_parent; }
+    /// A parent that is the actor itself, lies below it, or belongs to another scene is refused; nothing changes then.
+    void set_parent(IActor* parent) override;
+    IBaseItem* get_item() const override { return m_item.get(); }
+    int get_flag() const override { return m_flag; }
+    void set_flag(int flag) { m_flag = flag; }
+    bool is_visible() const override { return m_visible; }
+    void set_visible(bool visible) override { m_visible = visible; }
+
+    /// In order; newcomers stand last.
+    const std::list<Actor*>& children() const { return m_children; }
+    /// False between Scene::remove and Scene::restore. Says nothing of the actors above.
+    bool is_in_scene() const { return m_in_scene; }
+    /// Counts up with each actor that the scene makes.
+    std::uint64_t serial() const { return m_serial; }
+
+private:
+    friend class Scene;
+    Scene& m_scene;
+    CMyComPtr<IBaseItem> m_item;
+    // Kept apart from the item, since the index must be found again when the item is half destroyed.
+    unsigned long m_type;
+    std::uint64_t m_serial;
+    CGuid m_id;
+    tstringW m_name;
+    Actor* m_parent = nullptr;
+    std::list<Actor*> m_children;
+    int m_flag = 0;
+    bool m_visible = true;
+    bool m_in_scene = true;
+};
+
+}  // namespace host

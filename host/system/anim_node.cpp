@@ -1,0 +1,90 @@
+#include <algorithm>
+
+#include "host/system/animation.h"
+
+// What every track and every animation node does by itself. Storing: the identifier of the item, and one child "track"
+// for each track with its type and what the track writes.
+
+namespace {
+
+constexpr const char* item_id_key = "m_internal_item_id";
+constexpr const char* tracks_name = "tracks";
+constexpr const char* track_name = "track";
+constexpr const char* track_type_key = "track_type";
+
+}  // namespace
+
+ITrack::ITrack() = default;
+ITrack::~ITrack() = default;
+void ITrack::get_value(float, VEC4&) {}
+void ITrack::get_value(float, QUAT&) {}
+void ITrack::get_value(float, float&) {}
+void ITrack::get_key_info(const SAnimateContext&, CGuid&, float&) {}
+void ITrack::get_key_info(const SAnimateContext&, const wchar_t*&, float&) {}
+void ITrack::smooth() {}
+
+IAnimNode::IAnimNode() = default;
+IAnimNode::~IAnimNode() = default;
+
+CAnimNodeBase::CAnimNodeBase(EAnimNodeType type, const CGuid& item_id)
+    : m_node_type(type), m_internal_item_id(item_id) {}
+
+CAnimNodeBase::~CAnimNodeBase() {
+    for (ITrack* track : m_tracks) track->Release();
+}
+
+void CAnimNodeBase::save_to_node(pack_node* node, const save_operation& operation) {
+    IAnimNode::save_to_node(node, operation);
+    node->add_string_property(item_id_key, m_internal_item_id.to_text());
+    pack_node* tracks = node->add_child(tracks_name);
+    for (ITrack* track : m_tracks) {
+        pack_node* place = tracks->add_child(track_name);
+        int type = track->get_track_type();
+        place->add_property(track_type_key, PAK_INT, &type);
+        track->save_to_node(place, operation);
+    }
+}
+
+// The stored tracks take the place of those that the node was made with.
+void CAnimNodeBase::on_parse(pack_node* node, const load_operation& operation) {
+    IAnimNode::on_parse(node, operation);
+    tstringW id;
+    if (node->get_string_property(item_id_key, id)) m_internal_item_id = CGuid(id.c_str());
+    pack_node* tracks = node->find_child(tracks_name);
+    if (!tracks) return;
+    while (!m_tracks.empty()) remove_track(m_tracks.back());
+    for (pack_node* place : *tracks->get_children()) {
+        int type = 0;
+        if (!place->get_property(track_type_key, PAK_INT, &type)) continue;
+        if (ITrack* track = add_track(static_cast<unsigned>(type))) track->on_parse(place, operation);
+    }
+}
+
+ITrack* CAnimNodeBase::add_track(unsigned type) {
+    const host::TrackKind* kind = host::find_track_kind(type);
+    ITrack* track = kind ? kind->creator(type) : nullptr;
+    if (!track) return nullptr;
+    track->AddRef();
+    track->set_track_type(static_cast<int>(type));
+    m_tracks.push_back(track);
+    return track;
+}
+
+void CAnimNodeBase::remove_track(ITrack* track) {
+    const auto place = std::find(m_tracks.begin(), m_tracks.end(), track);
+    if (place == m_tracks.end()) return;
+    m_tracks.erase(place);
+    track->Release();
+}
+
+std::vector<ITrack*>& CAnimNodeBase::get_tracklist() { return m_tracks; }
+
+ITrack* CAnimNodeBase::get_track(unsigned type) {
+    for (ITrack* track : m_tracks)
+        if (track->get_track_type() == static_cast<int>(type)) return track;
+    return nullptr;
+}
+
+EAnimNodeType CAnimNodeBase::get_type() { return m_node_type; }
+CGuid CAnimNodeBase::get_internal_item_id() { return m_internal_item_id; }
+void CAnimNodeBase::rebind_id(CGuid item_id) { m_internal_item_id = item_id; }

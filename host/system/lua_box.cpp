@@ -1,0 +1,191 @@
+#include "host/system/lua_box.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <lua.hpp>
+#include <new>
+#include <string_view>
+
+#include "host/system/lua_libraries.h"
+
+namespace host {
+
+/// One text on its way through the state.
+struct LuaRun {
+    const std::string* text;
+    int chunk;
+};
+
+namespace {
+
+constexpr int check_every = 1000;
+constexpr const char* time_is_up = "the script took too much time";
+constexpr std::size_t most_chunks = 1000;
+// How Lua begins messages with a place: "script:LINE: ".
+constexpr const char* chunk_name = "=script";
+constexpr std::string_view place_prefix = "script:";
+
+LuaError split_message(std::string_view message) {
+    LuaError error;
+    if (message.starts_with(place_prefix)) {
+        const std::string_view rest = message.substr(place_prefix.size());
+        const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), error.line);
+        const std::string_view behind = rest.substr(static_cast<std::size_t>(read.ptr - rest.data()));
+        if (behind.starts_with(": ")) {
+            error.message = behind.substr(2);
+            return error;
+        }
+        error.line = 0;
+    }
+    error.message = message;
+    return error;
+}
+
+// Makes every error a text that begins with its place, while the place can still be seen.
+int describe_error(lua_State* L) {
+    // Not by luaL_tolstring alone: it would show an address, and two runs must print the same.
+    const bool has_text = lua_type(L, 1) == LUA_TSTRING || luaL_callmeta(L, 1, "__tostring");
+    if (!has_text || lua_type(L, -1) != LUA_TSTRING)
+        lua_pushfstring(L, "an error that is no text (%s)", luaL_typename(L, 1));
+    if (std::string_view(lua_tostring(L, -1)).starts_with(place_prefix)) return 1;
+    lua_Debug record;
+    for (int level = 0; lua_getstack(L, level, &record); ++level) {
+        lua_getinfo(L, "l", &record);
+        if (record.currentline <= 0) continue;
+        lua_pushfstring(L, "script:%d: %s", record.currentline, lua_tostring(L, -1));
+        return 1;
+    }
+    return 1;
+}
+
+int compile(lua_State* L) {
+    auto* run = static_cast<LuaRun*>(lua_touserdata(L, 1));
+    if (luaL_loadbufferx(L, run->text->data(), run->text->size(), chunk_name, "t") != LUA_OK) return lua_error(L);
+    run->chunk = luaL_ref(L, LUA_REGISTRYINDEX);
+    return 0;
+}
+
+int execute(lua_State* L) {
+    const auto* run = static_cast<const LuaRun*>(lua_touserdata(L, 1));
+    lua_rawgeti(L, LUA_REGISTRYINDEX, run->chunk);
+    lua_call(L, 0, 0);
+    return 0;
+}
+
+int open_libraries(lua_State* L) {
+    open_closed_libraries(L);
+    return 0;
+}
+
+}  // namespace
+
+LuaBox::LuaBox(const LuaLimits& limits) : m_limits(limits), m_state(lua_newstate(&LuaBox::allocate, this)) {
+    if (!m_state) throw std::bad_alloc();
+    *static_cast<LuaBox**>(lua_getextraspace(m_state)) = this;
+    LuaError error;
+    if (protect(&open_libraries, nullptr, error)) return;
+    lua_close(m_state);
+    throw std::bad_alloc();
+}
+
+LuaBox::~LuaBox() { lua_close(m_state); }
+
+LuaBox& LuaBox::of(lua_State* state) { return **static_cast<LuaBox**>(lua_getextraspace(state)); }
+
+// Without a block the old size is a kind of object, not a number of bytes.
+void* LuaBox::allocate(void* box, void* block, std::size_t old_size, std::size_t new_size) {
+    auto& self = *static_cast<LuaBox*>(box);
+    const std::size_t held = block ? old_size : 0;
+    if (new_size == 0) {
+        std::free(block);
+        self.m_memory_used -= held;
+        return nullptr;
+    }
+    if (new_size > held && self.m_memory_used - held + new_size > self.m_limits.memory_bytes) return nullptr;
+    void* moved = std::realloc(block, new_size);
+    if (moved) self.m_memory_used = self.m_memory_used - held + new_size;
+    return moved;
+}
+
+void LuaBox::on_count(lua_State* L, lua_Debug*) {
+    LuaBox& self = of(L);
+    self.m_instructions += check_every;
+    if (!self.m_expired) {
+        if (self.m_limits.instructions && self.m_instructions > self.m_limits.instructions)
+            self.m_expired = "the script took too many steps";
+        else if (self.m_limits.seconds > 0 && std::chrono::steady_clock::now() > self.m_deadline)
+            self.m_expired = time_is_up;
+    }
+    if (self.m_expired) self.raise_expired();
+}
+
+// From here on every single instruction fails: a loop around pcall would otherwise catch its way on for ever.
+void LuaBox::raise_expired() {
+    lua_sethook(m_state, &LuaBox::on_count, LUA_MASKCOUNT, 1);
+    lua_pushstring(m_state, m_expired);
+    lua_error(m_state);
+    std::abort();  // lua_error does not come back, but does not say so.
+}
+
+void LuaBox::check_time() {
+    if (m_depth == 0 || m_limits.seconds <= 0) return;
+    if (!m_expired && std::chrono::steady_clock::now() > m_deadline) m_expired = time_is_up;
+    if (m_expired) raise_expired();
+}
+
+void LuaBox::begin_budget() {
+    m_expired = nullptr;
+    m_instructions = 0;
+    const auto most = std::chrono::duration<double>(m_limits.seconds);
+    m_deadline =
+        std::chrono::steady_clock::now() + std::chrono::duration_cast<std::chrono::steady_clock::duration>(most);
+    const bool limited = m_limits.instructions > 0 || m_limits.seconds > 0;
+    lua_sethook(m_state, limited ? &LuaBox::on_count : nullptr, limited ? LUA_MASKCOUNT : 0, check_every);
+}
+
+bool LuaBox::call_protected(int (*body)(lua_State*), void* argument, LuaError& error) {
+    constexpr int room = 8;
+    if (!lua_checkstack(m_state, room)) {
+        error = {0, "scripts call each other too deeply"};
+        return false;
+    }
+    const int top = lua_gettop(m_state);
+    lua_pushcfunction(m_state, &describe_error);
+    lua_pushcfunction(m_state, body);
+    lua_pushlightuserdata(m_state, argument);
+    const bool good = lua_pcall(m_state, 1, 0, top + 1) == LUA_OK;
+    if (!good) {
+        // No lua_tostring on other values: it could raise an error that no one catches here.
+        const bool is_text = lua_type(m_state, -1) == LUA_TSTRING;
+        error = split_message(is_text ? lua_tostring(m_state, -1) : "unknown error");
+    }
+    lua_settop(m_state, top);
+    return good;
+}
+
+bool LuaBox::protect(int (*body)(lua_State*), void* argument, LuaError& error) {
+    return call_protected(body, argument, error);
+}
+
+bool LuaBox::run(const std::string& text, LuaError& error) {
+    if (m_depth == 0) begin_budget();
+    struct Depth {
+        explicit Depth(int& depth_) : depth(depth_) { ++depth; }
+        ~Depth() { --depth; }
+        int& depth;
+    } const depth(m_depth);
+    if (m_chunks.size() > most_chunks) {
+        for (const auto& entry : m_chunks) luaL_unref(m_state, LUA_REGISTRYINDEX, entry.second);
+        m_chunks.clear();
+    }
+    auto known = m_chunks.find(text);
+    if (known == m_chunks.end()) {
+        LuaRun run{&text, 0};
+        if (!call_protected(&compile, &run, error)) return false;
+        known = m_chunks.emplace(text, run.chunk).first;
+    }
+    LuaRun run{nullptr, known->second};
+    return call_protected(&execute, &run, error);
+}
+
+}  // namespace host

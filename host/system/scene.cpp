@@ -1,0 +1,188 @@
+#include "host/system/scene.h"
+
+#include <cstring>
+#include <functional>
+#include <random>
+
+#include "engine/numbers.h"
+#include "host/core/item_store.h"
+
+void CSceneManager::regist_item(unsigned long type, tstringW name, item_creator creator, unsigned long flags) {
+    host::register_item_creator(type, name, creator, flags);
+}
+
+namespace host {
+
+std::size_t TypedNameHash::operator()(const TypedNameView& key) const {
+    return std::hash<std::wstring_view>()(key.name) ^ (std::hash<unsigned long>()(key.type) * 0x9E3779B97F4A7C15u);
+}
+
+std::size_t GuidHash::operator()(const CGuid& id) const {
+    const auto* bytes = reinterpret_cast<const char*>(id.bytes());
+    return std::hash<std::string_view>()({bytes, sizeof id});
+}
+
+Scene::~Scene() { clear(); }
+
+void Scene::add_property_item(IBaseItem* item, tstringW name) {
+    if (item) m_property_items.push_back({item, std::move(name)});
+}
+
+IBaseItem* Scene::search_item_by_name(const tstringW& name, unsigned long type) {
+    const Actor* actor = m_by_name.find(TypedNameView(type, name));
+    return actor ? actor->get_item() : nullptr;
+}
+
+IActor* Scene::search_actor_by_guid(const CGuid& id) { return m_by_id.find(id); }
+
+IActor* Scene::create_actor(IBaseItem* item, IActor* parent, int) {
+    if (!item || item->m_actor || (parent && !holds(parent))) return nullptr;
+    const std::uint64_t serial = m_next_serial++;
+    auto owned = std::make_unique<Actor>(*this, item, serial, new_id());
+    Actor& actor = *owned;
+    m_actors.emplace(serial, std::move(owned));
+    m_alive.emplace(&actor, &actor);
+    link(actor, parent ? m_alive.at(parent) : nullptr);
+    enter_indexes(actor);
+    item->m_actor = &actor;
+    return &actor;
+}
+
+// Children first: an item that goes may still look at the item above it. A loop, since a project may hang its items one
+// below the other as deep as it likes.
+void Scene::delete_actor(IActor* actor) {
+    Actor* at = actor && holds(actor) ? m_alive.at(actor) : nullptr;
+    while (at) {
+        while (!at->m_children.empty()) at = at->m_children.back();
+        IActor* above = at == actor ? nullptr : at->m_parent;
+        destroy_one(*at);
+        // The end of an item may have ended others.
+        if (above && !holds(above)) above = holds(actor) ? actor : nullptr;
+        at = above ? m_alive.at(above) : nullptr;
+    }
+}
+
+void Scene::delete_actor_alone(IActor* actor) {
+    if (!actor || !holds(actor)) return;
+    Actor& alone = *m_alive.at(actor);
+    while (!alone.m_children.empty()) {
+        Actor& child = *alone.m_children.front();
+        unlink(child);
+        link(child, nullptr);
+    }
+    destroy_one(alone);
+}
+
+void Scene::destroy_one(Actor& actor) {
+    if (on_delete) on_delete(actor);
+    m_selection.forget(&actor);
+    leave_indexes(actor);
+    unlink(actor);
+    m_alive.erase(&actor);
+    // The actor itself outlives its item: the item may ask it for its name while it goes.
+    const auto node = m_actors.extract(actor.m_serial);
+    CMyComPtr<IBaseItem> item = actor.m_item;
+    actor.m_item = {};
+    if (IBaseItem* carried = item.get()) {
+        // Someone else may hold the item for longer than its actor lives.
+        carried->AddRef();
+        item = {};
+        carried->m_actor = nullptr;
+        carried->Release();
+    }
+}
+
+void Scene::remove(std::list<IActor*> actors) {
+    set_in_scene(actors, false);
+    tell(MSG_ACTORS_REMOVED, actors);
+}
+
+void Scene::restore(std::list<IActor*> actors) {
+    set_in_scene(actors, true);
+    tell(MSG_ACTORS_RESTORED, actors);
+}
+
+void Scene::set_in_scene(const std::list<IActor*>& actors, bool in_scene) {
+    for (IActor* named : actors) {
+        if (!named || !holds(named)) continue;
+        Actor& actor = *m_alive.at(named);
+        leave_indexes(actor);
+        actor.m_in_scene = in_scene;
+        enter_indexes(actor);
+        if (!in_scene) m_selection.forget(&actor);
+    }
+}
+
+void Scene::tell(unsigned long id, std::list<IActor*>& actors) {
+    m_messages.send_msg(id, reinterpret_cast<message_param>(&actors), 0, 0, 0, 0, 0);
+}
+
+void Scene::clear() {
+    while (!m_actors.empty()) delete_actor(std::prev(m_actors.end())->second.get());
+}
+
+Actor* Scene::find_any(std::wstring_view name) const {
+    for (const auto& entry : m_actors)
+        if (entry.second->m_name == name) return entry.second.get();
+    return nullptr;
+}
+
+Actor* Scene::find_any(const CGuid& id) const {
+    for (const auto& entry : m_actors)
+        if (entry.second->m_id == id) return entry.second.get();
+    return nullptr;
+}
+
+std::vector<Actor*> Scene::actors() const {
+    std::vector<Actor*> all;
+    all.reserve(m_actors.size());
+    for (const auto& entry : m_actors) all.push_back(entry.second.get());
+    return all;
+}
+
+void Scene::use_counted_ids() {
+    m_counted_ids = true;
+    m_next_id = 1;
+}
+
+// Random identifiers carry the marks of random ones (version 4), counted ones are plain numbers.
+CGuid Scene::new_id() {
+    GUID id{};
+    for (;;) {
+        if (m_counted_ids) {
+            for (int byte = 0; byte < 8; ++byte)
+                id.Data4[7 - byte] = static_cast<std::uint8_t>(m_next_id >> (byte * 8));
+            ++m_next_id;
+        } else {
+            std::random_device random;
+            const std::uint32_t words[4] = {random(), random(), random(), random()};
+            std::memcpy(&id, words, sizeof id);
+            id.Data3 = static_cast<std::uint16_t>((id.Data3 & 0x0FFF) | 0x4000);
+            id.Data4[0] = static_cast<std::uint8_t>((id.Data4[0] & 0x3F) | 0x80);
+        }
+        if (!m_by_id.find(CGuid(id))) return id;
+    }
+}
+
+void Scene::enter_indexes(Actor& actor) {
+    if (!actor.m_in_scene || !holds(&actor)) return;
+    m_by_name.add({actor.m_type, actor.m_name}, actor.m_serial, &actor);
+    m_by_id.add(actor.m_id, actor.m_serial, &actor);
+}
+
+void Scene::leave_indexes(Actor& actor) {
+    m_by_name.remove({actor.m_type, actor.m_name}, actor.m_serial);
+    m_by_id.remove(actor.m_id, actor.m_serial);
+}
+
+void Scene::unlink(Actor& actor) {
+    if (actor.m_parent) actor.m_parent->m_children.remove(&actor);
+    actor.m_parent = nullptr;
+}
+
+void Scene::link(Actor& actor, Actor* parent) {
+    actor.m_parent = parent;
+    if (parent) parent->m_children.push_back(&actor);
+}
+
+}  // namespace host

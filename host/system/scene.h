@@ -1,0 +1,123 @@
+#pragma once
+
+// The scene: the tree of actors, their look-up, their removal and their end. Knows no project file and no module but
+// through the messages that it sends.
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "host/system/actor.h"
+#include "host/system/earliest_index.h"
+#include "host/system/messages.h"
+#include "host/system/selection.h"
+
+namespace host {
+
+/// Item type and name together: of each type there may be an item of the same name.
+struct TypedName {
+    unsigned long type = 0;
+    std::wstring name;
+};
+struct TypedNameView {
+    TypedNameView(unsigned long type_, std::wstring_view name_) : type(type_), name(name_) {}
+    TypedNameView(const TypedName& whole) : type(whole.type), name(whole.name) {}
+    unsigned long type;
+    std::wstring_view name;
+};
+struct TypedNameHash {
+    using is_transparent = void;
+    std::size_t operator()(const TypedNameView& key) const;
+};
+struct TypedNameEqual {
+    using is_transparent = void;
+    bool operator()(const TypedNameView& a, const TypedNameView& b) const {
+        return a.type == b.type && a.name == b.name;
+    }
+};
+struct GuidHash {
+    std::size_t operator()(const CGuid& id) const;
+};
+
+/// A global item that the author edits; the scene owns nothing of it.
+struct PropertyItem {
+    IBaseItem* item = nullptr;
+    tstringW name;
+};
+
+class Scene final : public CSceneManager {
+public:
+    /// Both must outlive the scene.
+    Scene(MessageManager& messages, SelectionManager& selection) : m_messages(messages), m_selection(selection) {}
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
+    ~Scene();
+
+    void add_property_item(IBaseItem* item, tstringW name) override;
+    /// Actors out of the scene are not found; of several the earliest created wins.
+    IBaseItem* search_item_by_name(const tstringW& name, unsigned long type) override;
+    IActor* search_actor_by_guid(const CGuid& id) override;
+    /// Null for a null item, an item that has an actor already, or a parent of another scene.
+    IActor* create_actor(IBaseItem* item, IActor* parent, int) override;
+    /// The actors below go with it, each ahead of the one above it. Null, and an actor that is no more, are passed
+    /// over.
+    void delete_actor(IActor* actor) override;
+
+    /// Destroys the actor and its item; actors below stay in the scene at its top.
+    void delete_actor_alone(IActor* actor);
+    /// Out of the scene so that they can come back: alive, but found by no look-up and saved by no one. Their place in
+    /// the tree is kept. Modules hear of all of them in one message; null entries stay in the list.
+    void remove(std::list<IActor*> actors);
+    void restore(std::list<IActor*> actors);
+    /// Destroys every actor, the last created first.
+    void clear();
+
+    /// The first actor of that name whatever its type, removed ones included, or null. Looks at all: for tools.
+    Actor* find_any(std::wstring_view name) const;
+    /// The first actor with that identifier, removed ones included, or null. Looks at all: for tools.
+    Actor* find_any(const CGuid& id) const;
+    /// Every actor in order of creation, removed ones included.
+    std::vector<Actor*> actors() const;
+    std::size_t size() const { return m_actors.size(); }
+    /// True if the actor lives in this scene.
+    bool holds(const IActor* actor) const { return m_alive.contains(actor); }
+    const std::vector<PropertyItem>& property_items() const { return m_property_items; }
+    void forget_property_items() { m_property_items.clear(); }
+
+    /// From now on identifiers count up from 1 instead of being random, so that two runs make the same ones.
+    void use_counted_ids();
+
+    /// An identifier that no actor in the scene has.
+    CGuid new_id();
+
+    /// Hear of set_parent and of the destruction of an actor, ahead of it; may be empty.
+    std::function<void(Actor&, IActor* parent)> on_parent_changed;
+    std::function<void(Actor&)> on_delete;
+
+private:
+    friend class Actor;
+    void enter_indexes(Actor& actor);
+    void leave_indexes(Actor& actor);
+    void destroy_one(Actor& actor);
+    void set_in_scene(const std::list<IActor*>& actors, bool in_scene);
+    void tell(unsigned long id, std::list<IActor*>& actors);
+    static void unlink(Actor& actor);
+    static void link(Actor& actor, Actor* parent);
+
+    MessageManager& m_messages;
+    SelectionManager& m_selection;
+    // By serial: the order of creation.
+    std::map<std::uint64_t, std::unique_ptr<Actor>> m_actors;
+    // Interfaces to actors, so that a pointer from outside is checked ahead of use.
+    std::unordered_map<const IActor*, Actor*> m_alive;
+    EarliestIndex<TypedName, Actor, TypedNameHash, TypedNameEqual> m_by_name;
+    EarliestIndex<CGuid, Actor, GuidHash> m_by_id;
+    std::vector<PropertyItem> m_property_items;
+    std::uint64_t m_next_serial = 1;
+    std::uint64_t m_next_id = 1;
+    bool m_counted_ids = false;
+};
+
+}  // namespace host

@@ -1,0 +1,155 @@
+#include <SDL.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+
+#include "host/core/clock.h"
+#include "host/core/text_conversion.h"
+#include "player/commands.h"
+#include "player/notice.h"
+
+namespace player {
+
+namespace {
+
+using host::InputKind;
+
+struct VideoGuard {
+    ~VideoGuard() { SDL_Quit(); }
+};
+
+struct WindowDeleter {
+    void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+};
+using Window = std::unique_ptr<SDL_Window, WindowDeleter>;
+
+struct ButtonKinds {
+    Uint8 button;
+    InputKind down;
+    InputKind up;
+    InputKind twice;
+};
+constexpr ButtonKinds button_kinds[] = {
+    {SDL_BUTTON_LEFT, InputKind::LEFT_DOWN, InputKind::LEFT_UP, InputKind::LEFT_DOUBLE},
+    {SDL_BUTTON_RIGHT, InputKind::RIGHT_DOWN, InputKind::RIGHT_UP, InputKind::RIGHT_DOUBLE},
+    {SDL_BUTTON_MIDDLE, InputKind::MIDDLE_DOWN, InputKind::MIDDLE_UP, InputKind::MIDDLE_DOUBLE},
+};
+
+std::optional<ButtonKinds> kinds_of(Uint8 button) {
+    for (const ButtonKinds& kinds : button_kinds) {
+        if (kinds.button == button) return kinds;
+    }
+    return std::nullopt;
+}
+
+/// The window's loop: events in, frames out.
+class Player {
+public:
+    Player(Session& session, SDL_Window* window, const PlayOptions& options)
+        : m_session(session), m_window(window), m_options(options) {
+        host::Engine& engine = session.engine();
+        engine.scripts().on_error = [this](const std::string& line) {
+            std::cerr << "sgui: script: " << line << '\n';
+            m_notice.show(line, Notice::TROUBLE);
+        };
+        engine.on_message = [this](const std::string& text) { m_notice.show(text, Notice::MESSAGE); };
+        engine.draw_overlay = [this](host::Device& device, const render_context& context) {
+            m_notice.draw(m_session.engine(), device, context.width, context.height);
+        };
+    }
+
+    void run() {
+        m_session.engine().start_run();
+        for (int frame = 0; !m_quit && (m_options.frames == 0 || frame < m_options.frames); ++frame) {
+            SDL_Event event;
+            while (!m_quit && SDL_PollEvent(&event)) handle(event);
+            m_session.engine().frame(host::now());
+        }
+        m_session.engine().stop_run();
+    }
+
+private:
+    void handle(const SDL_Event& event) {
+        host::Engine& engine = m_session.engine();
+        switch (event.type) {
+            case SDL_QUIT:
+                m_quit = true;
+                break;
+            case SDL_WINDOWEVENT:
+                if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
+                    engine.resize(event.window.data1, event.window.data2);
+                }
+                break;
+            case SDL_KEYDOWN:
+                if (event.key.keysym.sym == SDLK_F5) reopen();
+                if (event.key.keysym.sym == SDLK_ESCAPE) m_quit = true;
+                break;
+            case SDL_MOUSEMOTION:
+                // The tool only ever shows the hand, so the arrow comes back here, ahead of what the move finds.
+                SDL_SetCursor(SDL_GetDefaultCursor());
+                engine.mouse(InputKind::MOVE, event.motion.x, event.motion.y);
+                break;
+            case SDL_MOUSEBUTTONDOWN:
+            case SDL_MOUSEBUTTONUP:
+                button(event.button);
+                break;
+            default:
+                break;
+        }
+    }
+
+    void button(const SDL_MouseButtonEvent& event) {
+        const auto kinds = kinds_of(event.button);
+        if (!kinds) return;
+        const bool down = event.state == SDL_PRESSED;
+        m_session.engine().mouse(down ? kinds->down : kinds->up, event.x, event.y);
+        if (down && event.clicks == 2) m_session.engine().mouse(kinds->twice, event.x, event.y);
+    }
+
+    // What the author has just saved is seen at once; a file with a mistake leaves the show as it was.
+    void reopen() {
+        host::Engine& engine = m_session.engine();
+        std::string error;
+        engine.stop_run();
+        if (engine.open_project(m_options.project, error)) {
+            m_notice.show("Opened again: " + m_options.project, Notice::MESSAGE);
+        } else {
+            std::cerr << "sgui: " << error << '\n';
+            m_notice.show(error, Notice::TROUBLE);
+        }
+        int width = 0;
+        int height = 0;
+        SDL_GetWindowSize(m_window, &width, &height);
+        engine.resize(width, height);
+        engine.start_run();
+    }
+
+    Session& m_session;
+    SDL_Window* m_window;
+    const PlayOptions& m_options;
+    Notice m_notice;
+    bool m_quit = false;
+};
+
+}  // namespace
+
+int play(const PlayOptions& options) {
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        return fail(std::string("no window can be opened (") + SDL_GetError() +
+                    "); \"sgui render\" makes pictures without one");
+    }
+    const VideoGuard video;
+    const Window window(SDL_CreateWindow(("sgui - " + options.project).c_str(), SDL_WINDOWPOS_CENTERED,
+                                         SDL_WINDOWPOS_CENTERED, options.size.width, options.size.height,
+                                         SDL_WINDOW_RESIZABLE));
+    if (!window) return fail(std::string("no window can be opened: ") + SDL_GetError());
+
+    std::string error;
+    const auto session = Session::start(host::SdlDevice::for_window(window.get()), options.module, error);
+    if (!session || !session->open(options.project, options.size, error)) return fail(error);
+    Player(*session, window.get(), options).run();
+    return EXIT_DONE;
+}
+
+}  // namespace player

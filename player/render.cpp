@@ -1,0 +1,50 @@
+#include "host/core/clock.h"
+#include "player/commands.h"
+#include "player/progress.h"
+
+namespace player {
+
+namespace {
+
+constexpr double frame_seconds = 1.0 / 60.0;
+
+void act(host::Engine& engine, const MouseAction& action) {
+    for (host::InputKind kind : action.events) engine.mouse(kind, action.x, action.y);
+}
+
+// Time runs in frames, as in a window: fades take their weights from the frames that were drawn.
+void run_until(host::Engine& engine, double seconds) {
+    engine.frame(host::now());
+    const double start = host::now();
+    for (int step = 1; start + step * frame_seconds < seconds; ++step) {
+        host::set_time(start + step * frame_seconds);
+        engine.frame(host::now());
+    }
+    if (host::now() < seconds) {
+        host::set_time(seconds);
+        engine.frame(seconds);
+    }
+}
+
+}  // namespace
+
+int render(const RenderOptions& options) {
+    host::use_settable_time(0.0);
+    Progress progress("Rendering " + options.project);
+    std::string error;
+    const auto session = Session::start(host::SdlDevice::in_memory(), options.module, error);
+    if (!session || !session->open(options.project, options.size, error)) return fail(error);
+    host::Engine& engine = session->engine();
+    if (options.running || !options.mouse.empty()) engine.start_run();
+    engine.frame(0.0);
+    for (const MouseAction& action : options.mouse) {
+        act(engine, action);
+        engine.frame(0.0);
+    }
+    run_until(engine, options.at);
+    if (!session->device().save_png(options.out, error)) return fail(error);
+    if (!options.save.empty() && !engine.save_project(options.save, error)) return fail(error);
+    return EXIT_DONE;
+}
+
+}  // namespace player

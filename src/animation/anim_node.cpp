@@ -1,0 +1,92 @@
+#include "animation/anim_node.h"
+
+#include "animation/animated_item.h"
+#include "animation/interpolation.h"
+#include "animation/near_keys.h"
+#include "layout/anchors.h"
+
+CSimpleGUIAnimNode::CSimpleGUIAnimNode(const CGuid& item_id, CSimpleGUIManager* manager)
+    : CAnimNodeBase(static_cast<EAnimNodeType>(ANIM_NODE_TYPE_GUI), item_id), m_manager(manager) {
+    m_manager->m_anim_nodes.push_back(this);
+}
+
+CSimpleGUIAnimNode::~CSimpleGUIAnimNode() {
+    if (m_manager) m_manager->m_anim_nodes.remove(this);
+}
+
+void CSimpleGUIAnimNode::create_tracks() {
+    m_offset_track = add_track(TRACK_TYPE_OFFSET);
+    m_size_track = add_track(TRACK_TYPE_SIZE);
+    m_visible_track = add_track(TRACK_TYPE_VISIBLE);
+    m_align_track = add_track(TRACK_TYPE_ALIGN);
+    m_color_track = add_track(TRACK_TYPE_COLOR);
+}
+
+namespace {
+
+// The value of a pair of keys at a moment: between two keys their mixture, with one key its value, else `otherwise`.
+template <class Key, class Value>
+Value value_at(const NearKeys<Key>& keys, float moment, Value Key::*field, const Value& otherwise) {
+    if (keys.both()) {
+        const float t = place_in_time(moment, keys.before->get_time(), keys.after->get_time());
+        return mixed(keys.before->*field, keys.after->*field, t);
+    }
+    const Key* key = keys.only();
+    return key ? key->*field : otherwise;
+}
+
+// Alignment steps; a key at the moment rules already.
+int alignment_at(ITrack* track, const NearKeys<SGuiAlign>& keys, float moment, int otherwise) {
+    const SGuiAlign* key = key_at<SGuiAlign>(track, moment);
+    if (!key) key = keys.first();
+    return key ? key->m_align : otherwise;
+}
+
+// Places can only be mixed when they are measured from one anchor: that of the alignment of the moment. The earlier
+// key is taken to be measured from it already; the later one is from the next alignment key.
+VEC2 offset_at(const NearKeys<SGuiOffset>& keys, const NearKeys<SGuiAlign>& align_keys, int align, float moment,
+               const CRect& frame, const CSimpleGUIManager& manager) {
+    if (!keys.both() || !align_keys.after) return value_at(keys, moment, &SGuiOffset::m_offset, VEC2());
+    const VEC2 end = manager.get_offset_of_dif_align(align, align_keys.after->m_align, frame, keys.after->m_offset);
+    const float t = place_in_time(moment, keys.before->get_time(), keys.after->get_time());
+    return mixed(keys.before->m_offset, end, t);
+}
+
+}  // namespace
+
+void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
+    m_offset_track = get_track(TRACK_TYPE_OFFSET);
+    m_size_track = get_track(TRACK_TYPE_SIZE);
+    m_visible_track = get_track(TRACK_TYPE_VISIBLE);
+    m_align_track = get_track(TRACK_TYPE_ALIGN);
+    m_color_track = get_track(TRACK_TYPE_COLOR);
+    const auto offsets = near_keys<SGuiOffset>(m_offset_track, context);
+    const auto sizes = near_keys<SGuiSize>(m_size_track, context);
+    const auto visibles = near_keys<SGuiVisible>(m_visible_track, context);
+    const auto aligns = near_keys<SGuiAlign>(m_align_track, context);
+    const auto colors = near_keys<SGuiColor>(m_color_track, context);
+
+    IActor* actor = m_manager->get_system()->m_scene_manager->search_actor_by_guid(get_internal_item_id());
+    if (!actor) return;
+    AnimatedItem item = animated_item(*m_manager, actor);
+    if (item.shape && !item.has_frame) return;
+    if (const SGuiVisible* visible = visibles.first()) {
+        actor->set_visible(visible->m_visible != 0);
+    } else {
+        actor->set_visible(actor->is_visible());
+    }
+    if (!item.exists()) return;
+
+    const float moment = context.m_time;
+    const int align = alignment_at(m_align_track, aligns, moment, item.alignment());
+    VEC2 offset = item.offset();
+    if (!offsets.none()) {
+        offset = offset_at(offsets, aligns, align, moment, item.frame, *m_manager);
+    } else if (align == ALIGN_SCALE) {
+        offset = m_manager->get_offset_by_percent(item.near_fractions(), actor);
+    }
+    const VEC2 size = value_at(sizes, moment, &SGuiSize::m_size, item.size());
+    item.set_alignment(align);
+    item.set_rect(rect_of_key(offset, size, align, item.frame));
+    if (item.shape) item.shape->m_color = value_at(colors, moment, &SGuiColor::m_color, item.shape->m_color);
+}

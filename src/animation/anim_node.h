@@ -1,0 +1,40 @@
+#pragma once
+
+#include "engine/engine_system.h"
+
+class CSimpleGUIManager;
+
+/// Ties the engine's animation system to one dialog or shape, which it knows by its identifier alone.
+class CSimpleGUIAnimNode : public CAnimNodeBase {
+public:
+    /// Enters the manager's list.
+    CSimpleGUIAnimNode(const CGuid& item_id, CSimpleGUIManager* manager);
+    CSimpleGUIAnimNode(const CSimpleGUIAnimNode&) = delete;
+    CSimpleGUIAnimNode& operator=(const CSimpleGUIAnimNode&) = delete;
+    ~CSimpleGUIAnimNode() override;
+
+    /// All five.
+    void create_tracks() override;
+    /// Applies the keys around the moment to the item. Does nothing for an item that is gone and for a shape without a
+    /// dialog.
+    void animate(const SAnimateContext& context) override;
+    /// Makes keys from the item's present state, in the tracks that create_tracks or animate has cached. False if there
+    /// is no such item.
+    bool record_key(const SAnimateContext& context) override;
+
+    /// What the keys say at a moment, in both forms: pixels, and fractions of the frame. Without such an item, or for a
+    /// shape without a dialog, the four results stay as they were.
+    void evaluate_at(const SAnimateContext& context, IActor* actor, VEC2& offset, VEC2& size, VEC2& offset_percent,
+                     VEC2& size_percent);
+    /// Brings the form that follows in line with the form that leads, for all keys of place and size. Nothing happens
+    /// unless the node has tracks of place, size and alignment.
+    void rescale_keys(IActor* actor);
+
+    /// A cache: the tracks belong to the base class.
+    ITrack* m_offset_track = nullptr;
+    ITrack* m_size_track = nullptr;
+    ITrack* m_visible_track = nullptr;
+    ITrack* m_align_track = nullptr;
+    ITrack* m_color_track = nullptr;
+    CSimpleGUIManager* m_manager;
+};

@@ -1,0 +1,169 @@
+#include "animation/keys.h"
+
+namespace {
+
+// A field of a key under the name that an editor shows.
+template <class Key, class Value>
+struct NamedField {
+    const wchar_t* name;
+    Value& (*field)(Key&);
+};
+
+template <auto Member, class Key>
+auto& member(Key& key) {
+    return key.*Member;
+}
+
+template <class Key>
+struct Fields;
+
+template <>
+struct Fields<SGuiOffset> {
+    static constexpr NamedField<SGuiOffset, VEC2> table[] = {
+        {L"偏移", member<&SGuiOffset::m_offset, SGuiOffset>},
+        {L"偏移百分比", member<&SGuiOffset::m_offset_percent, SGuiOffset>},
+    };
+};
+template <>
+struct Fields<SGuiSize> {
+    static constexpr NamedField<SGuiSize, VEC2> table[] = {
+        {L"尺寸", member<&SGuiSize::m_size, SGuiSize>},
+        {L"尺寸百分比", member<&SGuiSize::m_size_percent, SGuiSize>},
+    };
+};
+template <>
+struct Fields<SGuiVisible> {
+    static constexpr NamedField<SGuiVisible, int> table[] = {{L"可见性", member<&SGuiVisible::m_visible, SGuiVisible>}};
+};
+template <>
+struct Fields<SGuiAlign> {
+    static constexpr NamedField<SGuiAlign, int> table[] = {{L"对齐方式", member<&SGuiAlign::m_align, SGuiAlign>}};
+};
+
+template <auto Part>
+float& color_part(SGuiColor& key) {
+    return key.m_color.*Part;
+}
+template <>
+struct Fields<SGuiColor> {
+    static constexpr NamedField<SGuiColor, float> table[] = {
+        {L"红", color_part<&VEC4::x>},
+        {L"绿", color_part<&VEC4::y>},
+        {L"蓝", color_part<&VEC4::z>},
+        {L"透明度", color_part<&VEC4::w>},
+    };
+};
+
+template <class Key>
+void create_all(Key& key) {
+    for (const auto& row : Fields<Key>::table) key.add_property(row.name, row.field(key), true);
+}
+template <class Key>
+void write_all(Key& key) {
+    for (const auto& row : Fields<Key>::table) key.set_property(row.name, row.field(key), true);
+}
+template <class Key>
+void read_all(Key& key) {
+    for (const auto& row : Fields<Key>::table) key.get_property(row.name, row.field(key));
+}
+
+// Pairs are stored as vectors of three; the third number says nothing.
+void save_pair(pack_node* node, const char* key, const VEC2& pair) {
+    VEC3 value(pair.x, pair.y, 0.0f);
+    node->add_property(key, PAK_VEC3, &value);
+}
+
+VEC2 read_pair(pack_node* node, const char* key) {
+    VEC3 value;
+    node->get_property(key, PAK_VEC3, &value);
+    return value;
+}
+
+constexpr const char* time_key = "time";
+
+}  // namespace
+
+IKey::~IKey() = default;
+
+void IKey::save_to_node(pack_node* node, const save_operation&) { node->add_property(time_key, PAK_FLOAT, &m_time); }
+void IKey::on_parse(pack_node* node, const load_operation&) { node->get_property(time_key, PAK_FLOAT, &m_time); }
+
+void SGuiOffset::create_properties() { create_all(*this); }
+void SGuiOffset::write_properties() { write_all(*this); }
+void SGuiOffset::read_properties() { read_all(*this); }
+
+void SGuiOffset::save_to_node(pack_node* node, const save_operation& operation) {
+    IKey::save_to_node(node, operation);
+    save_pair(node, "offset", m_offset);
+    save_pair(node, "offset_percent", m_offset_percent);
+}
+
+void SGuiOffset::on_parse(pack_node* node, const load_operation& operation) {
+    IKey::on_parse(node, operation);
+    m_offset = read_pair(node, "offset");
+    m_offset_percent = read_pair(node, "offset_percent");
+}
+
+void SGuiSize::create_properties() { create_all(*this); }
+void SGuiSize::write_properties() { write_all(*this); }
+void SGuiSize::read_properties() { read_all(*this); }
+
+void SGuiSize::save_to_node(pack_node* node, const save_operation& operation) {
+    IKey::save_to_node(node, operation);
+    save_pair(node, "size", m_size);
+    save_pair(node, "size_percent", m_size_percent);
+}
+
+void SGuiSize::on_parse(pack_node* node, const load_operation& operation) {
+    IKey::on_parse(node, operation);
+    m_size = read_pair(node, "size");
+    m_size_percent = read_pair(node, "size_percent");
+}
+
+void SGuiVisible::create_properties() { create_all(*this); }
+void SGuiVisible::write_properties() { write_all(*this); }
+void SGuiVisible::read_properties() { read_all(*this); }
+
+void SGuiVisible::save_to_node(pack_node* node, const save_operation& operation) {
+    IKey::save_to_node(node, operation);
+    node->add_property("visible", PAK_INT, &m_visible);
+}
+
+void SGuiVisible::on_parse(pack_node* node, const load_operation& operation) {
+    IKey::on_parse(node, operation);
+    node->get_property("visible", PAK_INT, &m_visible);
+}
+
+void SGuiAlign::create_properties() { create_all(*this); }
+void SGuiAlign::write_properties() { write_all(*this); }
+void SGuiAlign::read_properties() { read_all(*this); }
+
+void SGuiAlign::save_to_node(pack_node* node, const save_operation& operation) {
+    IKey::save_to_node(node, operation);
+    node->add_property("align", PAK_INT, &m_align);
+}
+
+void SGuiAlign::on_parse(pack_node* node, const load_operation& operation) {
+    IKey::on_parse(node, operation);
+    node->get_property("align", PAK_INT, &m_align);
+}
+
+void SGuiColor::create_properties() { create_all(*this); }
+void SGuiColor::write_properties() { write_all(*this); }
+void SGuiColor::read_properties() { read_all(*this); }
+
+void SGuiColor::save_to_node(pack_node* node, const save_operation& operation) {
+    IKey::save_to_node(node, operation);
+    VEC3 color = m_color;
+    node->add_property("color", PAK_VEC3, &color);
+    node->add_property("alpha", PAK_FLOAT, &m_color.w);
+}
+
+void SGuiColor::on_parse(pack_node* node, const load_operation& operation) {
+    IKey::on_parse(node, operation);
+    VEC3 color;
+    float alpha = 0.0f;
+    node->get_property("color", PAK_VEC3, &color);
+    node->get_property("alpha", PAK_FLOAT, &alpha);
+    m_color = {color.x, color.y, color.z, alpha};
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "animation/keys.h"
+#include "engine/engine_system.h"
+
+/// The half width of the span in which two times count as one moment, in seconds.
+inline constexpr float time_tolerance = 0.03003003f;
+
+/// The keys of one animated property. Owns them. Does not interpolate: what values mean is the node's.
+template <class T>
+class TBaseTrack : public ITrack {
+public:
+    TBaseTrack() = default;
+    TBaseTrack(const TBaseTrack&) = delete;
+    TBaseTrack& operator=(const TBaseTrack&) = delete;
+    ~TBaseTrack() override;
+
+    void save_to_node(pack_node* node, const save_operation& operation) override;
+    /// Appends the stored keys, none refused, and sorts them. A stored key without "time" is at 0.
+    void on_parse(pack_node* node, const load_operation& operation) override;
+    bool create_key(float time, bool append) override;
+    /// Takes the key over. One whose moment is taken is destroyed and not inserted. Always false: nobody asks.
+    bool insert_key(IKey* key) override;
+    void remove_key(float time) override;
+    IKey* find_key(float time) override;
+    std::vector<IKey*>& get_keys() override { return m_keys; }
+    using ITrack::get_value;
+    void get_value(float time, tstringW& value) override;
+    int get_track_type() override { return m_track_type; }
+    void set_track_type(int type) override { m_track_type = type; }
+    /// By time; equal times keep their order.
+    void sort_keys() override;
+    void update_keys() override;
+    bool is_active() override { return !m_keys.empty() && m_active; }
+    void set_active(bool active) override { m_active = active; }
+    int get_track_data() override { return m_track_data; }
+    void set_track_data(int data) override { m_track_data = data; }
+    bool append_key(IKey* key) override;
+    int get_key_count() override { return static_cast<int>(m_keys.size()); }
+    IKey* find_key_before(float time) override;
+    void get_near_keys(const SAnimateContext& context, IKey*& before, IKey*& after) override;
+
+private:
+    bool is_at(const IKey& key, float time) const;
+
+    std::vector<IKey*> m_keys;
+    float m_time_tolerance = time_tolerance;
+    int m_track_type = 0;
+    bool m_active = true;
+    int m_track_data = 0;
+};
+
+extern template class TBaseTrack<SGuiOffset>;
+extern template class TBaseTrack<SGuiSize>;
+extern template class TBaseTrack<SGuiVisible>;
+extern template class TBaseTrack<SGuiAlign>;
+extern template class TBaseTrack<SGuiColor>;
+
+struct TrackType {
+    unsigned number;
+    /// As the author sees it.
+    const wchar_t* name;
+    ITrack* (*create)();
+};
+
+template <class Key>
+ITrack* create_track_of() {
+    return new TBaseTrack<Key>;
+}
+
+// The track types in the order of registration.
+inline constexpr TrackType track_types[] = {
+    {TRACK_TYPE_OFFSET, L"GUI位置轨道", create_track_of<SGuiOffset>},
+    {TRACK_TYPE_SIZE, L"GUI尺寸轨道", create_track_of<SGuiSize>},
+    {TRACK_TYPE_VISIBLE, L"GUI可见性轨道", create_track_of<SGuiVisible>},
+    {TRACK_TYPE_ALIGN, L"GUI对齐方式轨道", create_track_of<SGuiAlign>},
+    {TRACK_TYPE_COLOR, L"GUI控件颜色轨道", create_track_of<SGuiColor>},
+};
+
+/// A track of one of the types above; null for any other number.
+ITrack* create_track(unsigned type);

@@ -1,0 +1,51 @@
+// From a logical font to a font object: candidate names, the name map, the file.
+
+#include "fonts/font_candidates.h"
+#include "fonts/font_info.h"
+#include "fonts/logfont.h"
+
+tstringW CGlobalFontInfo::search_fontpath(tstringW name) {
+    const auto found = m_fontname_fontpath_map.find(name);
+    if (found == m_fontname_fontpath_map.end()) {
+        m_font_status = L"Unable to find font path.";
+        return {};
+    }
+    m_font_status = name;
+    return found->second;
+}
+
+IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) {
+    if (face_name(record) == face_name(m_default_logfont)) return m_system->default_font;
+    for (const std::wstring& name : font_candidates(record)) {
+        const tstringW found = search_fontpath(name);
+        if (found.empty()) continue;
+        // The first match decides, also when its file is gone.
+        path = found;
+        return create_font_from_path(found, font_size(record));
+    }
+    return nullptr;
+}
+
+IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) {
+    if (!filefun::file_exist(path.c_str())) {
+        m_font_status = L"Unable to create: " + path;
+        zov_simple_log(LOG_FONT, (L"无法加载" + path).c_str(), nullptr);
+        return nullptr;
+    }
+    IBaseFont* font = keep(new IBaseFont(m_system->render_device));
+    font->create_font_from_file(path.c_str(), size);
+    return font;
+}
+
+IBaseFont* CGlobalFontInfo::create_font_from_mem(void* memory, int length, int height) {
+    if (length < 0) return nullptr;
+    IBaseFont* font = keep(new IBaseFont(m_system->render_device));
+    font->create_font_from_memory(memory, static_cast<unsigned>(length),
+                                  static_cast<unsigned>(height < 0 ? 0 : height));
+    return font;
+}
+
+IBaseFont* CGlobalFontInfo::keep(IBaseFont* font) {
+    m_created_fonts.push_back(font);
+    return font;
+}

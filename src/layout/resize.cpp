@@ -1,0 +1,13 @@
+// The whole layout follows the view.
+
+#include "module/manager.h"
+
+void CSimpleGUIManager::on_size_changed(int, int) {
+    for (auto at = m_dialogs.rbegin(); at != m_dialogs.rend(); ++at) {
+        if (*at) (*at)->update_rect();
+    }
+    m_scene_rect = m_view_rect;
+    const CRect& client = m_system->get_client_rect();
+    m_view_rect = {0, 0, client.Width(), client.Height()};
+    rescale_keys_of_dialogs();
+}

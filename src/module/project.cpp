@@ -1,0 +1,124 @@
+// What belongs to no item of a project, and the tying together of the items that the engine has read one by one.
+
+#include <algorithm>
+#include <vector>
+
+#include "fonts/font_info.h"
+#include "layout/rounding.h"
+#include "layout/shape.h"
+#include "module/manager.h"
+#include "module/module_state.h"
+#include "module/setting.h"
+
+namespace {
+
+constexpr const char* setting_node = "SimpleGUIEnvSetting";
+constexpr const char* width_key = "m_scene_width";
+constexpr const char* height_key = "m_scene_height";
+constexpr int never_numbered = -1;
+
+CRect client_size(const XSystem& system) {
+    const CRect& client = system.get_client_rect();
+    return {0, 0, client.Width(), client.Height()};
+}
+
+// Sorted by order number. Of equal numbers the one met first stays and the others go: such a file was written by
+// nobody's save, and drawing both on one place would hide which of them answers.
+template <class Item, class Before>
+std::vector<Item*> in_order(const ItemList<Item>& list, Before before) {
+    std::vector<Item*> items;
+    items.reserve(list.size());
+    for (Item* item : list) {
+        if (item) items.push_back(item);
+    }
+    std::stable_sort(items.begin(), items.end(),
+                     [&](const Item* a, const Item* b) { return before(a->m_order_num, b->m_order_num); });
+    const auto same_number = [](const Item* a, const Item* b) { return a->m_order_num == b->m_order_num; };
+    items.erase(std::unique(items.begin(), items.end(), same_number), items.end());
+    return items;
+}
+
+}  // namespace
+
+void CSimpleGUIManager::on_clean_project() {
+    m_gui_hidden = 1;
+    s_dialog_name_count = 0;
+    s_shape_name_count = 0;
+    m_running = 0;
+    if (m_setting && m_setting->m_font_info) m_setting->m_font_info->m_show_font_sample = false;
+    m_view_rect = client_size(*m_system);
+    m_scene_rect = m_view_rect;
+    m_anim_nodes.clear();
+    if (m_setting) m_setting->set_default();
+}
+
+void CSimpleGUIManager::on_save_project(pack_node* node, const save_operation& operation) {
+    // Dialogs are numbered from the front, shapes from the back: number 0 lies on top in both.
+    int dialog_number = 0;
+    for (CSimpleGUIDialog* dialog : m_dialogs) {
+        if (!dialog) continue;
+        dialog->m_order_num = dialog_number++;
+        int shape_number = 0;
+        for (auto at = dialog->m_shapes.rbegin(); at != dialog->m_shapes.rend(); ++at) {
+            if (*at) (*at)->m_order_num = shape_number++;
+        }
+    }
+    pack_node* child = node->add_child(setting_node);
+    if (!m_setting || !child) return;
+    m_setting->save_to_node(child, operation);
+    float width = static_cast<float>(m_view_rect.Width());
+    float height = static_cast<float>(m_view_rect.Height());
+    child->add_property(width_key, PAK_FLOAT, &width);
+    child->add_property(height_key, PAK_FLOAT, &height);
+}
+
+void CSimpleGUIManager::on_open_project(pack_node* node, const load_operation& operation) {
+    float width = -1.0f;
+    float height = -1.0f;
+    pack_node* child = node->find_child(setting_node);
+    if (m_setting && child) {
+        m_setting->on_parse(child, operation);
+        child->get_property(width_key, PAK_FLOAT, &width);
+        child->get_property(height_key, PAK_FLOAT, &height);
+    }
+    const bool has_size = width > 0.0f && height > 0.0f;
+    m_scene_rect = has_size ? CRect(0, 0, round_half_up(width), round_half_up(height)) : m_view_rect;
+}
+
+void CSimpleGUIManager::on_project_opened() {
+    if (m_setting) m_setting->on_ready();
+    adopt_shapes();
+    if (!restore_order()) return;
+    align_keys_of_opened_project();
+    m_scene_rect = m_view_rect;
+    for (CSimpleGUIDialog* dialog : m_dialogs) dialog->m_last_rect = dialog->m_rect;
+}
+
+void CSimpleGUIManager::adopt_shapes() {
+    for (CSimpleGUIShape* shape : m_shapes) {
+        IActor* parent = shape && shape->m_actor ? shape->m_actor->get_parent() : nullptr;
+        // A file can hang a shape under anything; only a dialog can be its frame.
+        auto* dialog = dynamic_cast<CSimpleGUIDialog*>(parent ? parent->get_item() : nullptr);
+        if (!dialog) continue;
+        shape->m_parent_dialog = dialog;
+        dialog->m_shapes.push_back(shape);
+        shape->update_rect();
+    }
+}
+
+void CSimpleGUIManager::sort_shapes_of(CSimpleGUIDialog& dialog) {
+    std::vector<CSimpleGUIShape*> sorted = in_order(dialog.m_shapes, std::greater<int>());
+    // A shape that drops out keeps its parent, which must then tell it when it goes.
+    if (sorted.size() < dialog.m_shapes.size()) dialog.m_has_unlisted_shapes = true;
+    dialog.m_shapes.assign(std::move(sorted));
+}
+
+bool CSimpleGUIManager::restore_order() {
+    for (CSimpleGUIDialog* dialog : m_dialogs) {
+        if (!dialog) continue;
+        if (dialog->m_order_num == never_numbered) return false;
+        sort_shapes_of(*dialog);
+    }
+    m_dialogs.assign(in_order(m_dialogs, std::less<int>()));
+    return true;
+}

@@ -1,0 +1,24 @@
+#include "render/fade.h"
+
+#include "engine/services.h"
+
+namespace {
+
+constexpr float snap_distance = 0.001f;
+constexpr float least_elapsed_seconds = 0.00001f;
+constexpr float exponent = 2.0f;
+
+float limited(float weight, float limit) {
+    if (!(weight >= 0.0f)) weight = 0.0f;
+    return weight > limit ? limit : weight;
+}
+
+}  // namespace
+
+float next_weight(const Fade& fade, float elapsed_seconds, float duration_seconds) {
+    if (Math::Abs(fade.target - fade.now) < snap_distance) return fade.target;
+    if (!(duration_seconds > 0.0f)) return fade.target;
+    if (Math::Abs(elapsed_seconds) <= least_elapsed_seconds) return fade.now;
+    const float progress = Math::Pow(elapsed_seconds / duration_seconds, exponent);
+    return limited((fade.target - fade.start) * progress + fade.start, fade.limit);
+}

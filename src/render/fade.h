@@ -1,0 +1,19 @@
+#pragma once
+
+// How the weight of a picture moves towards its target. Values only: the caller fetches the time and stores the result.
+
+/// Seconds of a fade to the pressed picture: over in the first frame, so that a press is felt at once.
+inline constexpr float press_seconds = 0.000001f;
+
+struct Fade {
+    /// The weight when the mode changed, and at the last frame.
+    float start;
+    float now;
+    /// Where the weight goes, and the most that it may be on the way.
+    float target;
+    float limit;
+};
+
+/// The new weight, 0 to the limit. The curve starts slowly and runs past its target; the limits, not the clock, stop
+/// it, so a fade that was cut off goes on from where it stood. A duration of 0 or less takes the target at once.
+float next_weight(const Fade& fade, float elapsed_seconds, float duration_seconds);

@@ -1,0 +1,80 @@
+// What a frame shows, and in which order. Reads rectangles, computes none.
+
+#include <vector>
+
+#include "fonts/font_info.h"
+#include "layout/shape.h"
+#include "layout/shown.h"
+#include "module/manager.h"
+#include "module/setting.h"
+#include "render/blend.h"
+#include "render/visibility.h"
+
+namespace {
+
+constexpr float veil_alpha = 0.9f;
+
+x3d_viewport viewport_over(const CRect& rect, x3d_viewport viewport) {
+    viewport.x = static_cast<float>(rect.left);
+    viewport.y = static_cast<float>(rect.top);
+    viewport.width = static_cast<float>(rect.Width());
+    viewport.height = static_cast<float>(rect.Height());
+    return viewport;
+}
+
+}  // namespace
+
+void CSimpleGUIManager::render_in_view_2d(const render_context& context) {
+    render_all_formal_content(context);
+    CGlobalFontInfo* fonts = m_setting ? m_setting->m_font_info : nullptr;
+    if (fonts && fonts->m_show_font_sample) fonts->debug_draw_font();
+}
+
+void CSimpleGUIManager::render_all_formal_content(const render_context&) {
+    if (m_gui_hidden && m_system->m_system_state == SYSTEM_STATE_FOUR) return;
+    m_gui_hidden = 0;
+    render_dialogs();
+
+    const bool plain = m_system->m_formal_view || m_running || m_system->m_selection_manager->get_selection()->empty();
+    if (plain) return;
+    CSimpleGUIDialog* editing = get_editing_dialog();
+    if (editing) {
+        const CRect& client = m_system->get_client_rect();
+        const VEC4 veil(m_dim_color.x, m_dim_color.y, m_dim_color.z, veil_alpha);
+        m_system->m_renderfun->draw_solid_rect(CRect(0, 0, client.Width(), client.Height()), veil, gui_blend);
+    }
+    render_editing_dialog_frame();
+    if (editing) editing->render_in_view();
+}
+
+void CSimpleGUIManager::render_dialogs() {
+    for (auto at = m_dialogs.rbegin(); at != m_dialogs.rend(); ++at) {
+        if (*at && (*at)->m_in_scene) (*at)->render_in_view();
+    }
+}
+
+void CSimpleGUIDialog::render_in_view() {
+    if (!m_in_scene || !is_shown(m_actor)) return;
+    IBaseDevice& device = *m_system->render_device;
+    const x3d_viewport outside = device.get_current_viewport();
+    device.set_view_port(viewport_over(m_rect, outside));
+
+    // Kept between frames, so that a steady frame allocates nothing.
+    static std::vector<CSimpleGUIShape*> deferred;
+    deferred.clear();
+    const auto draw = [this](CSimpleGUIShape* shape) {
+        render_shape_texture(shape);
+        render_shape_text(shape);
+    };
+    for (CSimpleGUIShape* shape : m_shapes) {
+        if (!shape || !is_drawn(*shape)) continue;
+        if (shape->m_bk_image) {
+            draw(shape);
+        } else {
+            deferred.push_back(shape);
+        }
+    }
+    for (CSimpleGUIShape* shape : deferred) draw(shape);
+
+    device.set_view_port(outside);
+}

@@ -1,0 +1,27 @@
+#include "support/allocations.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::size_t count = 0;
+
+}  // namespace
+
+std::size_t allocations() { return count; }
+
+void* operator new(std::size_t size) {
+    ++count;
+    if (void* memory = std::malloc(size)) return memory;
+    throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    ++count;
+    return std::malloc(size);
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
