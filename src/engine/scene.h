@@ -41,8 +41,8 @@ public:
     /// one. The name is shown to the author.
     ENGINE_API static void regist_item(unsigned long type, tstringW name, item_creator creator, unsigned long flags);
 
-    /// Adds a global item to the list of property items. The module never frees it: the engine holds it, and lets go of
-    /// it when the module has been destroyed.
+    /// Adds a global item to the list of property items. The module never frees it: the engine holds it until the
+    /// module ends.
     virtual void add_property_item(IBaseItem* item, tstringW name) = 0;
     /// The item of that type whose actor has that name, or null.
     virtual IBaseItem* search_item_by_name(const tstringW& name, unsigned long type) = 0;

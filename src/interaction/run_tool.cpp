@@ -141,7 +141,8 @@ bool CMTGUIRun::v_on_mbutton_up(unsigned int, CPoint position) {
 bool CMTGUIRun::v_on_mouse_move(unsigned int, CPoint position) {
     ShapeWatch entered(light_shapes(*m_manager, position));
     if (entered.get() != s_hover_shape.get()) {
-        // The entering script may destroy either shape; what it destroyed runs nothing and is hovered no more.
+        // The entering script may destroy either shape; what it destroyed runs nothing and is hovered no more. It may
+        // also end the run: the shape that was left hears of it all the same, for nothing else will tell it.
         run_if_there(entered.get(), &CSimpleGUIShape::m_func_mouse_in);
         run_if_there(s_hover_shape.get(), &CSimpleGUIShape::m_func_mouse_out);
     }

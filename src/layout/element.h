@@ -3,6 +3,8 @@
 // What the two kinds of elements have in common: a place that is described in two ways, and fields that a project
 // keeps. Free functions over the fields that both classes name alike.
 
+#include <cmath>
+
 #include "engine/engine_core.h"
 #include "layout/placement.h"
 
@@ -21,6 +23,15 @@ void store_placement(Element& element, const Placement& placement) {
     element.m_right_scaleMode = placement.right;
     element.m_top_scaleMode = placement.top;
     element.m_bottom_scaleMode = placement.bottom;
+}
+
+/// A file can hold fractions that are no numbers; none of them may reach a rectangle or the next file.
+template <class Element>
+void drop_endless_fractions(Element& element) {
+    for (float* fraction : {&element.m_left_scaleMode, &element.m_right_scaleMode, &element.m_top_scaleMode,
+                            &element.m_bottom_scaleMode}) {
+        if (!std::isfinite(*fraction)) *fraction = 0.0f;
+    }
 }
 
 /// One persisted field of a class: its key, its type in the project, and where it lies in the object.

@@ -30,6 +30,7 @@ void CSimpleGUIShape::save_to_node(pack_node* node, const save_operation& operat
 void CSimpleGUIShape::on_parse(pack_node* node, const load_operation& operation) {
     IBaseItem::on_parse(node, operation);
     read_shape_fields(*this, node, operation);
+    drop_endless_fractions(*this);
 }
 
 void CSimpleGUIShape::on_ready() {
@@ -87,7 +88,7 @@ void CSimpleGUIShape::change_parent_dialog(CSimpleGUIDialog* dialog) {
     if (m_parent_dialog) m_parent_dialog->m_shapes.remove(this);
     m_parent_dialog = dialog;
     dialog->m_shapes.push_back(this);
-    m_actor->set_parent(dialog->m_actor);
+    if (m_actor) m_actor->set_parent(dialog->m_actor);
     update_offsets();
     m_manager->get_system()->m_message_manager->send_msg(MSG_ACTOR_TREE_CHANGED, 0, 0, 0, 0, 0, 0);
 }

@@ -39,7 +39,9 @@ constexpr ItemType item_types[] = {
 // Messages carry a list of actors; what is not an item of this module is passed over.
 template <class Visit>
 void for_each_item(message_param list, Visit visit) {
-    for (IActor* actor : *reinterpret_cast<const std::list<IActor*>*>(list)) {
+    const auto* actors = reinterpret_cast<const std::list<IActor*>*>(list);
+    if (!actors) return;
+    for (IActor* actor : *actors) {
         if (IBaseItem* item = actor ? actor->get_item() : nullptr) visit(item);
     }
 }
@@ -57,6 +59,9 @@ CSimpleGUIManager::CSimpleGUIManager(const CSimpleGUIManager&) = default;
 CSimpleGUIManager& CSimpleGUIManager::operator=(const CSimpleGUIManager&) = default;
 
 CSimpleGUIManager::~CSimpleGUIManager() {
+    // An engine that closes in the middle of a run would leave the tool in its input chain, walking lists that are
+    // gone.
+    if (s_run_tool && m_instance == this) after_run_tool();
     m_dialogs.clear();
     m_shapes.clear();
     m_anim_nodes.clear();
@@ -129,6 +134,7 @@ void CSimpleGUIManager::process_message(unsigned long id, message_param p1, mess
 
 void CSimpleGUIManager::forget_dialog(CSimpleGUIDialog* dialog) {
     m_dialogs.remove(dialog);
+    m_unlisted_dialogs.remove(dialog);
     if (m_editing_dialog == dialog) m_editing_dialog = nullptr;
     if (m_root_dialog == dialog) m_root_dialog = nullptr;
 }

@@ -104,6 +104,8 @@ private:
     GUI_LOCAL void register_types();
     /// Takes the mouse tool out of the input chain and destroys it; harmless without one.
     GUI_LOCAL void after_run_tool();
+    GUI_LOCAL void number_items();
+    GUI_LOCAL void number_shapes_of(CSimpleGUIDialog& dialog);
     GUI_LOCAL void sort_shapes_of(CSimpleGUIDialog& dialog);
     GUI_LOCAL void adopt_shapes();
     /// False when a dialog was never numbered; the order then stays as loaded.
@@ -112,6 +114,9 @@ private:
     GUI_LOCAL void rescale_keys_of_dialogs();
     /// Width and height of the frame that the actor's item has. False if it has none.
     GUI_LOCAL bool frame_size_of(IActor* actor, VEC2& size) const;
+
+    /// Dialogs whose order number was taken: in the scene, but not in m_dialogs.
+    ItemList<CSimpleGUIDialog> m_unlisted_dialogs;
 
     void render_all_formal_content(const render_context& context);
     GUI_LOCAL void render_dialogs();

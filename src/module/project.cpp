@@ -22,10 +22,16 @@ CRect client_size(const XSystem& system) {
     return {0, 0, client.Width(), client.Height()};
 }
 
-// Sorted by order number. Of equal numbers the one met first stays and the others go: such a file was written by
-// nobody's save, and drawing both on one place would hide which of them answers.
+// A list by order number. Of equal numbers the one met first is kept and the others drop out: such a file was written
+// by nobody's save, and drawing both on one place would hide which of them answers.
+template <class Item>
+struct Ordered {
+    std::vector<Item*> kept;
+    std::vector<Item*> dropped;
+};
+
 template <class Item, class Before>
-std::vector<Item*> in_order(const ItemList<Item>& list, Before before) {
+Ordered<Item> in_order(const ItemList<Item>& list, Before before) {
     std::vector<Item*> items;
     items.reserve(list.size());
     for (Item* item : list) {
@@ -33,9 +39,12 @@ std::vector<Item*> in_order(const ItemList<Item>& list, Before before) {
     }
     std::stable_sort(items.begin(), items.end(),
                      [&](const Item* a, const Item* b) { return before(a->m_order_num, b->m_order_num); });
-    const auto same_number = [](const Item* a, const Item* b) { return a->m_order_num == b->m_order_num; };
-    items.erase(std::unique(items.begin(), items.end(), same_number), items.end());
-    return items;
+    Ordered<Item> ordered;
+    for (Item* item : items) {
+        const bool taken = !ordered.kept.empty() && ordered.kept.back()->m_order_num == item->m_order_num;
+        (taken ? ordered.dropped : ordered.kept).push_back(item);
+    }
+    return ordered;
 }
 
 }  // namespace
@@ -53,16 +62,7 @@ void CSimpleGUIManager::on_clean_project() {
 }
 
 void CSimpleGUIManager::on_save_project(pack_node* node, const save_operation& operation) {
-    // Dialogs are numbered from the front, shapes from the back: number 0 lies on top in both.
-    int dialog_number = 0;
-    for (CSimpleGUIDialog* dialog : m_dialogs) {
-        if (!dialog) continue;
-        dialog->m_order_num = dialog_number++;
-        int shape_number = 0;
-        for (auto at = dialog->m_shapes.rbegin(); at != dialog->m_shapes.rend(); ++at) {
-            if (*at) (*at)->m_order_num = shape_number++;
-        }
-    }
+    number_items();
     pack_node* child = node->add_child(setting_node);
     if (!m_setting || !child) return;
     m_setting->save_to_node(child, operation);
@@ -70,6 +70,32 @@ void CSimpleGUIManager::on_save_project(pack_node* node, const save_operation& o
     float height = static_cast<float>(m_view_rect.Height());
     child->add_property(width_key, PAK_FLOAT, &width);
     child->add_property(height_key, PAK_FLOAT, &height);
+}
+
+void CSimpleGUIManager::number_items() {
+    // Dialogs are numbered from the front, shapes from the back: number 0 lies on top in both. What dropped out of a
+    // list for its number comes behind the others, so that no two are written alike and nothing drops out again.
+    int dialog_number = 0;
+    for (const auto* dialogs : {&m_dialogs, &m_unlisted_dialogs}) {
+        for (CSimpleGUIDialog* dialog : *dialogs) {
+            if (!dialog) continue;
+            dialog->m_order_num = dialog_number++;
+            number_shapes_of(*dialog);
+        }
+    }
+}
+
+void CSimpleGUIManager::number_shapes_of(CSimpleGUIDialog& dialog) {
+    int number = 0;
+    for (auto at = dialog.m_shapes.rbegin(); at != dialog.m_shapes.rend(); ++at) {
+        if (*at) (*at)->m_order_num = number++;
+    }
+    if (!dialog.m_has_unlisted_shapes) return;
+    for (CSimpleGUIShape* shape : m_shapes) {
+        if (shape && shape->m_parent_dialog == &dialog && !dialog.m_shapes.contains(shape)) {
+            shape->m_order_num = number++;
+        }
+    }
 }
 
 void CSimpleGUIManager::on_open_project(pack_node* node, const load_operation& operation) {
@@ -107,10 +133,10 @@ void CSimpleGUIManager::adopt_shapes() {
 }
 
 void CSimpleGUIManager::sort_shapes_of(CSimpleGUIDialog& dialog) {
-    std::vector<CSimpleGUIShape*> sorted = in_order(dialog.m_shapes, std::greater<int>());
+    Ordered<CSimpleGUIShape> shapes = in_order(dialog.m_shapes, std::greater<int>());
     // A shape that drops out keeps its parent, which must then tell it when it goes.
-    if (sorted.size() < dialog.m_shapes.size()) dialog.m_has_unlisted_shapes = true;
-    dialog.m_shapes.assign(std::move(sorted));
+    if (!shapes.dropped.empty()) dialog.m_has_unlisted_shapes = true;
+    dialog.m_shapes.assign(std::move(shapes.kept));
 }
 
 bool CSimpleGUIManager::restore_order() {
@@ -119,6 +145,8 @@ bool CSimpleGUIManager::restore_order() {
         if (dialog->m_order_num == never_numbered) return false;
         sort_shapes_of(*dialog);
     }
-    m_dialogs.assign(in_order(m_dialogs, std::less<int>()));
+    Ordered<CSimpleGUIDialog> dialogs = in_order(m_dialogs, std::less<int>());
+    for (CSimpleGUIDialog* dialog : dialogs.dropped) m_unlisted_dialogs.push_back(dialog);
+    m_dialogs.assign(std::move(dialogs.kept));
     return true;
 }

@@ -83,7 +83,8 @@ TEST(CountedPointer, DestroysAtTheLastRelease) {
         CMyComPtr<Counted> a(new Counted(ended));
         CMyComPtr<Counted> b = a;
         const CMyComPtr<IMyCom> base = b;
-        a = a;
+        CMyComPtr<Counted>& same = a;
+        a = same;
         b = {};
         a = CMyComPtr<Counted>();
         EXPECT_TRUE(!a);
