@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -18,19 +17,29 @@ struct Include {
     bool in_angles;
 };
 
+// The part between `open` and `close` of an #include line; empty for any other line.
+std::string quoted_by(const std::string& line, char open, char close) {
+    const std::size_t begin = line.find_first_not_of(" \t");
+    if (begin == std::string::npos || line.compare(begin, 8, "#include") != 0) return {};
+    const std::size_t from = line.find_first_not_of(" \t", begin + 8);
+    if (from == std::string::npos || line[from] != open) return {};
+    return line.substr(from + 1, line.find(close, from + 1) - from - 1);
+}
+
 std::vector<Include> includes_under(const std::string& folder) {
-    static const std::regex line_form(R"(\s*#\s*include\s*([<"])([^>"]+)[>"].*)");
     std::vector<Include> found;
     const fs::path root = fs::path(SOURCE_ROOT);
     if (!fs::exists(root / folder)) return found;
     for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
         const std::string extension = entry.path().extension().string();
         if (extension != ".h" && extension != ".cpp") continue;
+        const std::string file = fs::relative(entry.path(), root).string();
         std::ifstream in(entry.path());
-        std::smatch match;
         for (std::string line; std::getline(in, line);) {
-            if (!std::regex_match(line, match, line_form)) continue;
-            found.push_back({fs::relative(entry.path(), root).string(), match[2], match[1] == "<"});
+            const std::string quoted = quoted_by(line, '"', '"');
+            const std::string angled = quoted_by(line, '<', '>');
+            if (!quoted.empty()) found.push_back({file, quoted, false});
+            if (!angled.empty()) found.push_back({file, angled, true});
         }
     }
     return found;
@@ -65,6 +74,7 @@ const Rule rules[] = {
      "",
      {"engine/", "platform/", "platform_types.h", "host/", "module/manager.h", "module/setting.h", "layout/dialog.h",
       "layout/shape.h", "fonts/font_info.h"}},
+    {"player", "", {"engine/", "host/", "player/"}},
 };
 
 }  // namespace
