@@ -43,6 +43,19 @@ std::optional<ButtonKinds> kinds_of(Uint8 button) {
     return std::nullopt;
 }
 
+// Without a display SDL falls back to a driver that shows nothing; only who asks for that one means it.
+bool open_video(std::string& reason) {
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        reason = SDL_GetError();
+        return false;
+    }
+    const std::string driver = SDL_GetCurrentVideoDriver();
+    if ((driver != "offscreen" && driver != "dummy") || SDL_getenv("SDL_VIDEODRIVER")) return true;
+    SDL_Quit();
+    reason = "there is no display";
+    return false;
+}
+
 /// The window's loop: events in, frames out.
 class Player {
 public:
@@ -135,9 +148,9 @@ private:
 }  // namespace
 
 int play(const PlayOptions& options) {
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        return fail(std::string("no window can be opened (") + SDL_GetError() +
-                    "); \"sgui render\" makes pictures without one");
+    std::string reason;
+    if (!open_video(reason)) {
+        return fail("no window can be opened (" + reason + "); \"sgui render\" makes pictures without one");
     }
     const VideoGuard video;
     const Window window(SDL_CreateWindow(("sgui - " + options.project).c_str(), SDL_WINDOWPOS_CENTERED,
