@@ -59,6 +59,7 @@ struct CommandLine {
         app.footer(exit_codes);
         app.set_version_flag("--version", SGUI_VERSION);
         app.require_subcommand(1);
+        app.allow_extras();
         define_play();
         define_render();
         define_inspect();
@@ -75,7 +76,7 @@ struct CommandLine {
     void define_play() {
         play->add_option("PROJECT", play_options.project, "The project file")->required();
         define_size(play);
-        play->add_option("--frames", play_options.frames, "End after so many frames")->check(CLI::NonNegativeNumber);
+        play->add_option("--frames", play_options.frames, "End after so many frames")->check(CLI::Range(0, 1000000));
         define_module(play);
     }
     void define_render() {
@@ -101,6 +102,13 @@ struct CommandLine {
     void define_new() {
         create->add_option("FILE", new_options.file, "The file to write; it must not exist yet")->required();
         define_module(create);
+    }
+
+    /// What was wrong with the command line, in one line.
+    std::string complaint(const CLI::ParseError& error) const {
+        const std::vector<std::string> unknown = app.remaining();
+        if (app.get_subcommands().empty() && !unknown.empty()) return "there is no command \"" + unknown.front() + "\"";
+        return error.what();
     }
 
     int run() {
@@ -134,7 +142,15 @@ int main(int argc, char** argv) {
         try {
             line.app.parse(argc, argv);
         } catch (const CLI::ParseError& error) {
-            return line.app.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;
+            // Help and version are answers; everything else is one line that names what was wrong.
+            if (error.get_exit_code() == 0) return line.app.exit(error);
+            std::cerr << "sgui: " << line.complaint(error) << " (see \"sgui --help\")\n";
+            return EXIT_USAGE;
+        }
+        if (!line.app.remaining().empty()) {
+            std::cerr << "sgui: \"" << line.app.remaining().front()
+                      << "\" is not expected there (see \"sgui --help\")\n";
+            return EXIT_USAGE;
         }
         return line.run();
     } catch (const std::exception& error) {

@@ -11,13 +11,12 @@ namespace {
 
 // A dialog in the middle of the view with a title and a button whose script answers: the least from which an author
 // sees how the pieces hang together. What stands nowhere here has the module's own defaults.
-constexpr const char* dialog_id = "6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0001";
+constexpr const wchar_t* dialog_id = L"6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0001";
 
-host::ProjectItem item(unsigned long type, const char* id, const wchar_t* name) {
+host::ProjectItem item(unsigned long type, const wchar_t* id, const wchar_t* name) {
     host::ProjectItem made;
     made.type = type;
-    const std::string text(id);
-    made.id = CGuid(std::wstring(text.begin(), text.end()).c_str());
+    made.id = CGuid(id);
     made.name = name;
     return made;
 }
@@ -32,11 +31,10 @@ host::ProjectItem dialog() {
     return made;
 }
 
-host::ProjectItem shape(const char* id, const wchar_t* name, const CRect& place, const VEC4& color,
+host::ProjectItem shape(const wchar_t* id, const wchar_t* name, const CRect& place, const VEC4& color,
                         const wchar_t* title, int order) {
     host::ProjectItem made = item(ITEM_TYPE_SHAPE, id, name);
-    const std::string parent(dialog_id);
-    made.parent = CGuid(std::wstring(parent.begin(), parent.end()).c_str());
+    made.parent = CGuid(dialog_id);
     made.data.set("m_rect", place);
     made.data.set("m_color", color);
     made.data.set("m_title", tstringW(title));
@@ -48,11 +46,11 @@ host::ProjectItem shape(const char* id, const wchar_t* name, const CRect& place,
 
 void add_first_items(host::ProjectDocument& document) {
     document.items.push_back(dialog());
-    document.items.push_back(shape("6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0002", L"Panel", {0, 0, 400, 200},
+    document.items.push_back(shape(L"6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0002", L"Panel", {0, 0, 400, 200},
                                    {0.10f, 0.13f, 0.18f, 0.85f}, L"", 2));
-    document.items.push_back(shape("6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0003", L"Title", {0, 20, 400, 80},
+    document.items.push_back(shape(L"6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0003", L"Title", {0, 20, 400, 80},
                                    {1.0f, 1.0f, 1.0f, 0.0f}, L"欢迎 · Welcome", 1));
-    host::ProjectItem button = shape("6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0004", L"Button", {120, 110, 280, 160},
+    host::ProjectItem button = shape(L"6E6A1C1E-55A0-4E0B-9B42-2D4C1E7E0004", L"Button", {120, 110, 280, 160},
                                      {0.20f, 0.50f, 0.85f, 1.0f}, L"Press me", 0);
     host::ProjectNode& script = button.data.add("m_func_left_down");
     script.set("type", static_cast<int>(host::ITEM_TYPE_SCRIPT));

@@ -124,7 +124,6 @@ private:
     void reopen() {
         host::Engine& engine = m_session.engine();
         std::string error;
-        engine.stop_run();
         if (engine.open_project(m_options.project, error)) {
             m_notice.show("Opened again: " + m_options.project, Notice::MESSAGE);
         } else {

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "host/core/clock.h"
 #include "player/commands.h"
 #include "player/progress.h"
@@ -12,18 +14,17 @@ void act(host::Engine& engine, const MouseAction& action) {
     for (host::InputKind kind : action.events) engine.mouse(kind, action.x, action.y);
 }
 
-// Time runs in frames, as in a window: fades take their weights from the frames that were drawn.
+// Time runs in frames, as in a window: fades take their weights from the frames that were drawn. Only the last frame
+// is seen, so only that one has the 3D scene behind it.
 void run_until(host::Engine& engine, double seconds) {
-    engine.frame(host::now());
-    const double start = host::now();
-    for (int step = 1; start + step * frame_seconds < seconds; ++step) {
-        host::set_time(start + step * frame_seconds);
+    const auto scene = std::exchange(engine.draw_scene, {});
+    for (int step = 1; step * frame_seconds < seconds; ++step) {
+        host::set_time(step * frame_seconds);
         engine.frame(host::now());
     }
-    if (host::now() < seconds) {
-        host::set_time(seconds);
-        engine.frame(seconds);
-    }
+    engine.draw_scene = scene;
+    host::set_time(seconds);
+    engine.frame(seconds);
 }
 
 }  // namespace

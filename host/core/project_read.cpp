@@ -39,8 +39,9 @@ std::string quoted(std::string_view text) {
     constexpr std::size_t longest = 60;
     std::string shown(text.substr(0, longest));
     // A cut in the middle of a character, and line breaks, would spoil the one line of an error.
-    while (shown.size() == longest && !shown.empty() && first_bad_byte(shown) != std::string::npos) shown.pop_back();
-    std::replace(shown.begin(), shown.end(), '\n', ' ');
+    if (shown.size() < text.size()) shown.resize(std::min(shown.size(), first_bad_byte(shown)));
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
     return "\"" + shown + (shown.size() < text.size() ? "...\"" : "\"");
 }
 
@@ -56,8 +57,11 @@ void check_no_text(const pugi::xml_node& node) {
     for (const pugi::xml_node& child : node.children()) {
         const bool is_text = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
         const std::string_view text = child.value();
-        if (is_text && text.find_first_not_of(" \t\r\n") != std::string_view::npos)
-            fail(child, std::string("text inside <") + node.name() + ">", quoted(text), "elements only");
+        const std::size_t first = text.find_first_not_of(" \t\r\n");
+        if (!is_text || first == std::string_view::npos) continue;
+        throw Failure(child.offset_debug() + static_cast<std::ptrdiff_t>(first),
+                      std::string("text inside <") + node.name() + "> (found " + quoted(text.substr(first)) +
+                          ", expected elements only)");
     }
 }
 

@@ -75,7 +75,7 @@ private:
     }
     // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
     void key_attribute(const char* name, const std::string& key) {
-        if (first_bad_byte(key) != std::string::npos || key.find('&') != std::string::npos)
+        if (first_bad_byte(xml_escaped(key, true)) != std::string::npos)
             throw std::invalid_argument("the " + std::string(name) + " \"" + key + "\" cannot stand in a project file");
         attribute(name, key);
     }

@@ -18,7 +18,8 @@ struct LuaRun {
 
 namespace {
 
-constexpr int check_every = 1000;
+// Seldom enough to cost nothing, often enough that slow instructions, like joining long texts, do not pile up.
+constexpr int check_every = 100;
 constexpr const char* time_is_up = "the script took too much time";
 constexpr std::size_t most_chunks = 1000;
 // How Lua begins messages with a place: "script:LINE: ".

@@ -93,11 +93,13 @@ void Scene::destroy_one(Actor& actor) {
 }
 
 void Scene::remove(std::list<IActor*> actors) {
+    actors.remove_if([this](IActor* actor) { return actor && !holds(actor); });
     set_in_scene(actors, false);
     tell(MSG_ACTORS_REMOVED, actors);
 }
 
 void Scene::restore(std::list<IActor*> actors) {
+    actors.remove_if([this](IActor* actor) { return actor && !holds(actor); });
     set_in_scene(actors, true);
     tell(MSG_ACTORS_RESTORED, actors);
 }
@@ -121,13 +123,9 @@ void Scene::clear() {
     while (!m_actors.empty()) delete_actor(std::prev(m_actors.end())->second.get());
 }
 
-Actor* Scene::find_any(std::wstring_view name) const {
-    for (const auto& entry : m_actors)
-        if (entry.second->m_name == name) return entry.second.get();
-    return nullptr;
-}
-
 Actor* Scene::find_any(const CGuid& id) const {
+    if (Actor* present = m_by_id.find(id)) return present;
+    // Only those that are out of the scene are not in the index.
     for (const auto& entry : m_actors)
         if (entry.second->m_id == id) return entry.second.get();
     return nullptr;

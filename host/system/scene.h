@@ -74,9 +74,7 @@ public:
     /// Destroys every actor, the last created first.
     void clear();
 
-    /// The first actor of that name whatever its type, removed ones included, or null. Looks at all: for tools.
-    Actor* find_any(std::wstring_view name) const;
-    /// The first actor with that identifier, removed ones included, or null. Looks at all: for tools.
+    /// The actor with that identifier, removed ones included, or null. Looks at all only where the index has none.
     Actor* find_any(const CGuid& id) const;
     /// Every actor in order of creation, removed ones included.
     std::vector<Actor*> actors() const;

@@ -24,29 +24,11 @@ void CSimpleGUIAnimNode::create_tracks() {
 
 namespace {
 
-// The value of a pair of keys at a moment: between two keys their mixture, with one key its value, else `otherwise`.
-template <class Key, class Value>
-Value value_at(const NearKeys<Key>& keys, float moment, Value Key::*field, const Value& otherwise) {
-    if (keys.both()) {
-        const float t = place_in_time(moment, keys.before->get_time(), keys.after->get_time());
-        return mixed(keys.before->*field, keys.after->*field, t);
-    }
-    const Key* key = keys.only();
-    return key ? key->*field : otherwise;
-}
-
-// Alignment steps; a key at the moment rules already.
-int alignment_at(ITrack* track, const NearKeys<SGuiAlign>& keys, float moment, int otherwise) {
-    const SGuiAlign* key = key_at<SGuiAlign>(track, moment);
-    if (!key) key = keys.first();
-    return key ? key->m_align : otherwise;
-}
-
 // Places can only be mixed when they are measured from one anchor: that of the alignment of the moment. The earlier
 // key is taken to be measured from it already; the later one is from the next alignment key.
 VEC2 offset_at(const NearKeys<SGuiOffset>& keys, const NearKeys<SGuiAlign>& align_keys, int align, float moment,
                const CRect& frame, const CSimpleGUIManager& manager) {
-    if (!keys.both() || !align_keys.after) return value_at(keys, moment, &SGuiOffset::m_offset, VEC2());
+    if (!keys.both() || !align_keys.after) return mixed_field(keys, moment, &SGuiOffset::m_offset);
     const VEC2 end = manager.get_offset_of_dif_align(align, align_keys.after->m_align, frame, keys.after->m_offset);
     const float t = place_in_time(moment, keys.before->get_time(), keys.after->get_time());
     return mixed(keys.before->m_offset, end, t);
@@ -78,15 +60,15 @@ void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
     if (!item.exists()) return;
 
     const float moment = context.m_time;
-    const int align = alignment_at(m_align_track, aligns, moment, item.alignment());
+    const int align = alignment_at(m_align_track, context, item.alignment());
     VEC2 offset = item.offset();
     if (!offsets.none()) {
         offset = offset_at(offsets, aligns, align, moment, item.frame, *m_manager);
     } else if (align == ALIGN_SCALE) {
         offset = m_manager->get_offset_by_percent(item.near_fractions(), actor);
     }
-    const VEC2 size = value_at(sizes, moment, &SGuiSize::m_size, item.size());
+    const VEC2 size = sizes.none() ? item.size() : mixed_field(sizes, moment, &SGuiSize::m_size);
     item.set_alignment(align);
     item.set_rect(rect_of_key(offset, size, align, item.frame));
-    if (item.shape) item.shape->m_color = value_at(colors, moment, &SGuiColor::m_color, item.shape->m_color);
+    if (item.shape && !colors.none()) item.shape->m_color = mixed_field(colors, moment, &SGuiColor::m_color);
 }

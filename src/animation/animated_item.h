@@ -2,6 +2,7 @@
 
 // A dialog or a shape as an animation sees it: what the two have in common, fetched once per step.
 
+#include "layout/anchors.h"
 #include "layout/dialog.h"
 #include "layout/shape.h"
 #include "module/manager.h"
@@ -19,8 +20,8 @@ struct AnimatedItem {
     const CRect& rect() const { return dialog ? dialog->m_rect : shape->m_rect; }
     int scale_mode() const { return dialog ? dialog->m_bScaleMode : shape->m_bScaleMode; }
     int align_type() const { return dialog ? dialog->m_iAlignType : shape->m_iAlignType; }
-    /// As one number: 9 for the scale mode.
-    int alignment() const { return scale_mode() ? 9 : align_type(); }
+    /// As one number, that of the scale mode included.
+    int alignment() const { return scale_mode() ? ALIGN_SCALE : align_type(); }
     VEC2 offset() const {
         return dialog ? VEC2(static_cast<float>(dialog->m_offsetx), static_cast<float>(dialog->m_offsety))
                       : VEC2(static_cast<float>(shape->m_offsetx), static_cast<float>(shape->m_offsety));
@@ -53,8 +54,8 @@ struct AnimatedItem {
 private:
     template <class Element>
     static void set_on(Element& element, int align) {
-        element.set_scale_mode(align == 9 ? 1 : 0);
-        if (align != 9) element.set_align_type(align);
+        element.set_scale_mode(align == ALIGN_SCALE ? 1 : 0);
+        if (align != ALIGN_SCALE) element.set_align_type(align);
     }
 };
 

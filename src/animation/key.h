@@ -30,8 +30,9 @@ public:
     /// False if there is such a property already; nothing is made then. The field must outlive the key's properties.
     template <class T>
     bool add_property(const tstringW& name, T& field, bool flag) {
-        return m_properties.try_emplace(name, nullptr).second &&
-               (m_properties[name] = std::make_unique<CZovProperty>(name.c_str(), field, flag), true);
+        if (m_properties.contains(name)) return false;
+        m_properties.emplace(name, std::make_unique<CZovProperty>(name.c_str(), field, flag));
+        return true;
     }
     /// False if there is no such property.
     template <class T>
@@ -50,5 +51,5 @@ public:
     }
 
     float m_time;
-    std::map<std::wstring, std::unique_ptr<CZovProperty>> m_properties;
+    std::map<tstringW, std::unique_ptr<CZovProperty>> m_properties;
 };

@@ -1,5 +1,7 @@
 #include "animation/keys.h"
 
+#include "layout/persisted_value.h"
+
 namespace {
 
 // A field of a key under the name that an editor shows.
@@ -54,19 +56,6 @@ struct Fields<SGuiColor> {
     };
 };
 
-template <class Key>
-void create_all(Key& key) {
-    for (const auto& row : Fields<Key>::table) key.add_property(row.name, row.field(key), true);
-}
-template <class Key>
-void write_all(Key& key) {
-    for (const auto& row : Fields<Key>::table) key.set_property(row.name, row.field(key), true);
-}
-template <class Key>
-void read_all(Key& key) {
-    for (const auto& row : Fields<Key>::table) key.get_property(row.name, row.field(key));
-}
-
 // Pairs are stored as vectors of three; the third number says nothing.
 void save_pair(pack_node* node, const char* key, const VEC2& pair) {
     VEC3 value(pair.x, pair.y, 0.0f);
@@ -75,7 +64,7 @@ void save_pair(pack_node* node, const char* key, const VEC2& pair) {
 
 VEC2 read_pair(pack_node* node, const char* key) {
     VEC3 value;
-    node->get_property(key, PAK_VEC3, &value);
+    read_value(node, key, PAK_VEC3, &value);
     return value;
 }
 
@@ -85,12 +74,29 @@ constexpr const char* time_key = "time";
 
 IKey::~IKey() = default;
 
-void IKey::save_to_node(pack_node* node, const save_operation&) { node->add_property(time_key, PAK_FLOAT, &m_time); }
-void IKey::on_parse(pack_node* node, const load_operation&) { node->get_property(time_key, PAK_FLOAT, &m_time); }
+template <class Key>
+void KeyWithFields<Key>::create_properties() {
+    for (const auto& row : Fields<Key>::table) add_property(row.name, row.field(static_cast<Key&>(*this)), true);
+}
 
-void SGuiOffset::create_properties() { create_all(*this); }
-void SGuiOffset::write_properties() { write_all(*this); }
-void SGuiOffset::read_properties() { read_all(*this); }
+template <class Key>
+void KeyWithFields<Key>::write_properties() {
+    for (const auto& row : Fields<Key>::table) set_property(row.name, row.field(static_cast<Key&>(*this)), true);
+}
+
+template <class Key>
+void KeyWithFields<Key>::read_properties() {
+    for (const auto& row : Fields<Key>::table) get_property(row.name, row.field(static_cast<Key&>(*this)));
+}
+
+template class KeyWithFields<SGuiOffset>;
+template class KeyWithFields<SGuiSize>;
+template class KeyWithFields<SGuiVisible>;
+template class KeyWithFields<SGuiAlign>;
+template class KeyWithFields<SGuiColor>;
+
+void IKey::save_to_node(pack_node* node, const save_operation&) { node->add_property(time_key, PAK_FLOAT, &m_time); }
+void IKey::on_parse(pack_node* node, const load_operation&) { read_value(node, time_key, PAK_FLOAT, &m_time); }
 
 void SGuiOffset::save_to_node(pack_node* node, const save_operation& operation) {
     IKey::save_to_node(node, operation);
@@ -104,10 +110,6 @@ void SGuiOffset::on_parse(pack_node* node, const load_operation& operation) {
     m_offset_percent = read_pair(node, "offset_percent");
 }
 
-void SGuiSize::create_properties() { create_all(*this); }
-void SGuiSize::write_properties() { write_all(*this); }
-void SGuiSize::read_properties() { read_all(*this); }
-
 void SGuiSize::save_to_node(pack_node* node, const save_operation& operation) {
     IKey::save_to_node(node, operation);
     save_pair(node, "size", m_size);
@@ -120,10 +122,6 @@ void SGuiSize::on_parse(pack_node* node, const load_operation& operation) {
     m_size_percent = read_pair(node, "size_percent");
 }
 
-void SGuiVisible::create_properties() { create_all(*this); }
-void SGuiVisible::write_properties() { write_all(*this); }
-void SGuiVisible::read_properties() { read_all(*this); }
-
 void SGuiVisible::save_to_node(pack_node* node, const save_operation& operation) {
     IKey::save_to_node(node, operation);
     node->add_property("visible", PAK_INT, &m_visible);
@@ -134,10 +132,6 @@ void SGuiVisible::on_parse(pack_node* node, const load_operation& operation) {
     node->get_property("visible", PAK_INT, &m_visible);
 }
 
-void SGuiAlign::create_properties() { create_all(*this); }
-void SGuiAlign::write_properties() { write_all(*this); }
-void SGuiAlign::read_properties() { read_all(*this); }
-
 void SGuiAlign::save_to_node(pack_node* node, const save_operation& operation) {
     IKey::save_to_node(node, operation);
     node->add_property("align", PAK_INT, &m_align);
@@ -147,10 +141,6 @@ void SGuiAlign::on_parse(pack_node* node, const load_operation& operation) {
     IKey::on_parse(node, operation);
     node->get_property("align", PAK_INT, &m_align);
 }
-
-void SGuiColor::create_properties() { create_all(*this); }
-void SGuiColor::write_properties() { write_all(*this); }
-void SGuiColor::read_properties() { read_all(*this); }
 
 void SGuiColor::save_to_node(pack_node* node, const save_operation& operation) {
     IKey::save_to_node(node, operation);
@@ -163,7 +153,7 @@ void SGuiColor::on_parse(pack_node* node, const load_operation& operation) {
     IKey::on_parse(node, operation);
     VEC3 color;
     float alpha = 0.0f;
-    node->get_property("color", PAK_VEC3, &color);
-    node->get_property("alpha", PAK_FLOAT, &alpha);
+    read_value(node, "color", PAK_VEC3, &color);
+    read_value(node, "alpha", PAK_FLOAT, &alpha);
     m_color = {color.x, color.y, color.z, alpha};
 }

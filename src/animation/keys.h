@@ -5,13 +5,20 @@
 // The five kinds of keys. Place and size are held in two forms at all times, pixels and fractions of the frame; the
 // alignment at the key's moment says which of them leads. All fields start as zeros.
 
-/// A place: pixels from the anchor to the left top corner, or fractions of the frame.
-class SGuiOffset : public IKey {
+/// What the kinds share: their fields as named properties, by a table of each kind.
+template <class Key>
+class KeyWithFields : public IKey {
 public:
-    explicit SGuiOffset(float time) : IKey(time) {}
+    explicit KeyWithFields(float time) : IKey(time) {}
     void create_properties() override;
     void write_properties() override;
     void read_properties() override;
+};
+
+/// A place: pixels from the anchor to the left top corner, or fractions of the frame.
+class SGuiOffset : public KeyWithFields<SGuiOffset> {
+public:
+    explicit SGuiOffset(float time) : KeyWithFields(time) {}
     void save_to_node(pack_node* node, const save_operation& operation) override;
     void on_parse(pack_node* node, const load_operation& operation) override;
 
@@ -20,12 +27,9 @@ public:
 };
 
 /// A size: x is the width, y the height.
-class SGuiSize : public IKey {
+class SGuiSize : public KeyWithFields<SGuiSize> {
 public:
-    explicit SGuiSize(float time) : IKey(time) {}
-    void create_properties() override;
-    void write_properties() override;
-    void read_properties() override;
+    explicit SGuiSize(float time) : KeyWithFields(time) {}
     void save_to_node(pack_node* node, const save_operation& operation) override;
     void on_parse(pack_node* node, const load_operation& operation) override;
 
@@ -33,12 +37,9 @@ public:
     VEC2 m_size_percent;
 };
 
-class SGuiVisible : public IKey {
+class SGuiVisible : public KeyWithFields<SGuiVisible> {
 public:
-    explicit SGuiVisible(float time) : IKey(time) {}
-    void create_properties() override;
-    void write_properties() override;
-    void read_properties() override;
+    explicit SGuiVisible(float time) : KeyWithFields(time) {}
     void save_to_node(pack_node* node, const save_operation& operation) override;
     void on_parse(pack_node* node, const load_operation& operation) override;
 
@@ -46,12 +47,9 @@ public:
     int m_visible = 0;
 };
 
-class SGuiAlign : public IKey {
+class SGuiAlign : public KeyWithFields<SGuiAlign> {
 public:
-    explicit SGuiAlign(float time) : IKey(time) {}
-    void create_properties() override;
-    void write_properties() override;
-    void read_properties() override;
+    explicit SGuiAlign(float time) : KeyWithFields(time) {}
     void save_to_node(pack_node* node, const save_operation& operation) override;
     void on_parse(pack_node* node, const load_operation& operation) override;
 
@@ -59,12 +57,9 @@ public:
     int m_align = 0;
 };
 
-class SGuiColor : public IKey {
+class SGuiColor : public KeyWithFields<SGuiColor> {
 public:
-    explicit SGuiColor(float time) : IKey(time) {}
-    void create_properties() override;
-    void write_properties() override;
-    void read_properties() override;
+    explicit SGuiColor(float time) : KeyWithFields(time) {}
     void save_to_node(pack_node* node, const save_operation& operation) override;
     void on_parse(pack_node* node, const load_operation& operation) override;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "animation/interpolation.h"
 #include "animation/track.h"
 
 /// The keys of one kind around a moment; either may be null.
@@ -8,8 +9,7 @@ struct NearKeys {
     const Key* before = nullptr;
     const Key* after = nullptr;
 
-    /// The only key there is, or null if there are none or two.
-    const Key* only() const { return before && after ? nullptr : (before ? before : after); }
+    /// The earlier of them, or null if there are none.
     const Key* first() const { return before ? before : after; }
     bool both() const { return before && after; }
     bool none() const { return !before && !after; }
@@ -36,4 +36,19 @@ template <class Key>
 Key* key_at(ITrack* any_track, float time) {
     TBaseTrack<Key>* track = track_of<Key>(any_track);
     return track ? static_cast<Key*>(track->find_key(time)) : nullptr;
+}
+
+/// The value of one field at a moment: between two keys their mixture, with one key its value. There is a key.
+template <class Key, class Value>
+Value mixed_field(const NearKeys<Key>& keys, float moment, Value Key::*field) {
+    if (!keys.both()) return keys.first()->*field;
+    return mixed(keys.before->*field, keys.after->*field,
+                 place_in_time(moment, keys.before->get_time(), keys.after->get_time()));
+}
+
+/// The alignment at a moment, which steps; a key at the moment rules already. Without keys `otherwise`.
+inline int alignment_at(ITrack* track, const SAnimateContext& context, int otherwise) {
+    const SGuiAlign* key = key_at<SGuiAlign>(track, context.m_time);
+    if (!key) key = near_keys<SGuiAlign>(track, context).first();
+    return key ? key->m_align : otherwise;
 }

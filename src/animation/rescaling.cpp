@@ -36,19 +36,11 @@ struct Leading {
 constexpr Leading<SGuiOffset> offset_forms{&SGuiOffset::m_offset, &SGuiOffset::m_offset_percent};
 constexpr Leading<SGuiSize> size_forms{&SGuiSize::m_size, &SGuiSize::m_size_percent};
 
-// The form that leads, mixed between the keys of the moment.
-template <class Key>
-VEC2 mixed_form(const NearKeys<Key>& keys, float moment, VEC2 Key::*form) {
-    if (!keys.both()) return keys.first()->*form;
-    return mixed(keys.before->*form, keys.after->*form,
-                 place_in_time(moment, keys.before->get_time(), keys.after->get_time()));
-}
-
 template <class Key>
 BothForms forms_at(const NearKeys<Key>& keys, const Leading<Key>& forms, float moment, bool percent_leads,
                    const CSimpleGUIManager& manager, IActor* actor) {
-    return percent_leads ? with_percent(manager, actor, mixed_form(keys, moment, forms.percent))
-                         : with_pixels(manager, actor, mixed_form(keys, moment, forms.pixels));
+    return percent_leads ? with_percent(manager, actor, mixed_field(keys, moment, forms.percent))
+                         : with_pixels(manager, actor, mixed_field(keys, moment, forms.pixels));
 }
 
 BothForms of_frame(const VEC2& pixels, const CRect& frame) {
@@ -72,11 +64,7 @@ void CSimpleGUIAnimNode::evaluate_at(const SAnimateContext& context, IActor* act
     if (!item.exists() || !item.has_frame) return;
     const auto offsets = near_keys<SGuiOffset>(get_track(TRACK_TYPE_OFFSET), context);
     const auto sizes = near_keys<SGuiSize>(get_track(TRACK_TYPE_SIZE), context);
-    ITrack* align_track = get_track(TRACK_TYPE_ALIGN);
-    const auto aligns = near_keys<SGuiAlign>(align_track, context);
-    const SGuiAlign* align_key = key_at<SGuiAlign>(align_track, context.m_time);
-    if (!align_key) align_key = aligns.first();
-    const bool percent_leads = (align_key ? align_key->m_align : item.alignment()) == ALIGN_SCALE;
+    const bool percent_leads = alignment_at(get_track(TRACK_TYPE_ALIGN), context, item.alignment()) == ALIGN_SCALE;
 
     const BothForms place = offsets.none()
                                 ? of_frame(place_in_frame(item), item.frame)

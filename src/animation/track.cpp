@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "layout/persisted_value.h"
+
 template <class T>
 TBaseTrack<T>::~TBaseTrack() {
     for (IKey* key : m_keys) delete key;
@@ -32,10 +34,9 @@ void TBaseTrack<T>::on_parse(pack_node* node, const load_operation& operation) {
     if (!keys) return;
     for (pack_node* child : *keys->get_children()) {
         float time = 0.0f;
-        child->get_property("time", PAK_FLOAT, &time);
+        read_value(child, "time", PAK_FLOAT, &time);
         create_key(time, true);
-        // At very large times the tolerance is lost in rounding and the key that was just made is not found.
-        if (IKey* key = find_key(time)) key->on_parse(child, operation);
+        m_keys.back()->on_parse(child, operation);
     }
     sort_keys();
     update_keys();
@@ -70,8 +71,7 @@ bool TBaseTrack<T>::insert_key(IKey* key) {
 
 template <class T>
 void TBaseTrack<T>::remove_key(float time) {
-    const auto found =
-        std::find_if(m_keys.begin(), m_keys.end(), [&](const IKey* key) { return !key || is_at(*key, time); });
+    const auto found = std::find_if(m_keys.begin(), m_keys.end(), [&](const IKey* key) { return is_at(*key, time); });
     if (found == m_keys.end()) return;
     delete *found;
     m_keys.erase(found);
@@ -79,8 +79,7 @@ void TBaseTrack<T>::remove_key(float time) {
 
 template <class T>
 IKey* TBaseTrack<T>::find_key(float time) {
-    const auto found =
-        std::find_if(m_keys.rbegin(), m_keys.rend(), [&](const IKey* key) { return key && is_at(*key, time); });
+    const auto found = std::find_if(m_keys.rbegin(), m_keys.rend(), [&](const IKey* key) { return is_at(*key, time); });
     return found == m_keys.rend() ? nullptr : *found;
 }
 
@@ -97,6 +96,7 @@ void TBaseTrack<T>::update_keys() {}
 
 template <class T>
 bool TBaseTrack<T>::append_key(IKey* key) {
+    if (!key) return false;
     m_keys.push_back(key);
     return true;
 }
@@ -104,7 +104,7 @@ bool TBaseTrack<T>::append_key(IKey* key) {
 template <class T>
 IKey* TBaseTrack<T>::find_key_before(float time) {
     const auto found =
-        std::find_if(m_keys.rbegin(), m_keys.rend(), [&](const IKey* key) { return key && key->m_time < time; });
+        std::find_if(m_keys.rbegin(), m_keys.rend(), [&](const IKey* key) { return key->m_time < time; });
     return found == m_keys.rend() ? nullptr : *found;
 }
 

@@ -35,6 +35,7 @@ public:
     void set_active(bool active) override { m_active = active; }
     int get_track_data() override { return m_track_data; }
     void set_track_data(int data) override { m_track_data = data; }
+    /// Takes the key over. Null is refused, so that a track never holds one.
     bool append_key(IKey* key) override;
     int get_key_count() override { return static_cast<int>(m_keys.size()); }
     IKey* find_key_before(float time) override;

@@ -26,11 +26,16 @@ public:
     ITrack();
     ~ITrack() override;
 
+    /// Makes a key at that time: at the end of the list with `append`, else at its place unless the moment is taken.
+    /// True if it was appended.
     virtual bool create_key(float time, bool append) = 0;
+    /// Takes the key over and puts it at its place; destroys it where the moment is taken. Null is passed over.
     virtual bool insert_key(IKey* key) = 0;
+    /// Destroys the first key at that moment, if there is one.
     virtual void remove_key(float time) = 0;
     /// The key at that moment, or null. The track owns it.
     virtual IKey* find_key(float time) = 0;
+    /// In the order of time once sorted. The track owns them; none is null.
     virtual std::vector<IKey*>& get_keys() = 0;
     /// The value at a moment, where a track can tell it. The base leaves the value as it was.
     virtual void get_value(float time, VEC4& value);
@@ -39,18 +44,27 @@ public:
     virtual void get_value(float time, tstringW& value) = 0;
     virtual void get_key_info(const SAnimateContext& context, CGuid& id, float& weight);
     virtual void get_key_info(const SAnimateContext& context, const wchar_t*& name, float& weight);
+    /// For tracks whose values run in curves; the base does nothing.
     virtual void smooth();
     virtual int get_track_type() = 0;
     virtual void set_track_type(int type) = 0;
+    /// By time, ascending; equal times keep their order.
     virtual void sort_keys() = 0;
+    /// Called after the keys have changed.
     virtual void update_keys() = 0;
+    /// Switched on, and there are keys.
     virtual bool is_active() = 0;
     virtual void set_active(bool active) = 0;
+    /// A number of the engine's own. Not stored.
     virtual int get_track_data() = 0;
     virtual void set_track_data(int data) = 0;
+    /// Takes the key over and puts it at the end. False for null.
     virtual bool append_key(IKey* key) = 0;
     virtual int get_key_count() = 0;
+    /// The latest key strictly before the moment, or null.
     virtual IKey* find_key_before(float time) = 0;
+    /// The keys around the moment, each null where there is none. A key at the moment is `after` in forward play and
+    /// `before` in backward play.
     virtual void get_near_keys(const SAnimateContext& context, IKey*& before, IKey*& after) = 0;
 };
 
@@ -71,23 +85,62 @@ public:
 
     void save_to_node(pack_node* node, const save_operation& operation) override;
     void on_parse(pack_node* node, const load_operation& operation) override;
+    /// Adds every track that nodes of this kind have.
     virtual void create_tracks() = 0;
+    /// Applies the keys around the moment to the item.
     virtual void animate(const SAnimateContext& context) = 0;
     /// The new track, made by the registered creator; null for an unknown type.
     virtual ITrack* add_track(unsigned type);
+    /// Lets go of the track; one of another node is passed over.
     virtual void remove_track(ITrack* track);
     virtual std::vector<ITrack*>& get_tracklist();
     /// Null if the node has no such track.
     virtual ITrack* get_track(unsigned type);
     virtual EAnimNodeType get_type();
+    /// Of the actor whose item the node animates; it need not exist.
     virtual CGuid get_internal_item_id();
     virtual void rebind_id(CGuid item_id);
+    /// Makes keys from the item's present state. False if there is no such item.
     virtual bool record_key(const SAnimateContext& context) = 0;
 
 protected:
     EAnimNodeType m_node_type;
     CGuid m_internal_item_id;
     std::vector<ITrack*> m_tracks;
+};
+
+/// The settings of one animation.
+struct anim_info {
+    /// In seconds.
+    float length = 10.0f;
+    /// Frames in a second, for editors.
+    float rate = 30.0f;
+    int mode_flag = 0;
+    /// How often it plays; −1: without an end.
+    int mode_count = -1;
+    /// Speed of play, 1 as recorded.
+    float factor = 1.0f;
+};
+
+/// A named animation of a project.
+class CAnimation {
+public:
+    /// Takes the node over.
+    virtual void add_anim_node(IAnimNode* node) = 0;
+    virtual void set_anim_info(const anim_info& info) = 0;
+
+protected:
+    ~CAnimation() = default;
+};
+
+/// The project's animations.
+class CAnimManager {
+public:
+    /// A new, empty animation of that name, which the project owns. Never null.
+    virtual CAnimation* create_animation(const wchar_t* name) = 0;
+
+protected:
+    ~CAnimManager() = default;
 };
 
 using anim_node_creator = IAnimNode* (*)(XSystem*, unsigned type, const CGuid& item_id);

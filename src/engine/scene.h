@@ -14,6 +14,7 @@ class IActor {
 public:
     /// The name that the author sees and by which scripts find the item.
     virtual const tstringW& get_name() const = 0;
+    /// With `notify` editors that show the name hear of it; the module always passes true.
     virtual void set_name(const wchar_t* name, bool notify) = 0;
     virtual CGuid get_id() const = 0;
     virtual void set_id(const CGuid& id) = 0;

@@ -82,6 +82,8 @@ public:
 
 class CScriptManager {
 public:
+    /// Makes the function callable by scripts; the description and its parameters are the engine's from then on. A
+    /// second function of one name takes the place of the first. The category is shown to the author.
     virtual void register_xfun(xfunc_desc function, tstringW category) = 0;
 
 protected:

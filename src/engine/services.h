@@ -29,6 +29,7 @@ struct ENGINE_API Math {
     static float Pow(float base, float exponent);
 };
 
+/// Between wide and narrow text; the narrow one is UTF-8. What can't be converted becomes U+FFFD.
 ENGINE_API void WideCharToMultiByte(const std::wstring& wide, std::string& narrow);
 ENGINE_API void MultiByteToWideChar(const std::string& narrow, std::wstring& wide);
 

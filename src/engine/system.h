@@ -28,6 +28,7 @@ public:
     CMessageManager* m_message_manager = nullptr;
     CSelectionManager* m_selection_manager = nullptr;
     CScriptManager* m_script_manager = nullptr;
+    /// Null in an engine without animations.
     CAnimManager* m_anim_manager = nullptr;
     /// The engine's state word; see SYSTEM_STATE_FOUR.
     int m_system_state = 0;

@@ -63,7 +63,7 @@ public:
     std::map<IBaseFont*, LOGFONTW> m_logfont_by_font;
     std::map<IBaseFont*, tstringW> m_fontpath_by_font;
     /// Every known font name with its file. Exact and case-sensitive.
-    std::map<std::wstring, tstringW> m_fontname_fontpath_map;
+    std::map<tstringW, tstringW> m_fontname_fontpath_map;
     /// What debug_draw_font draws with. Not owned.
     IBaseFont* m_last_font = nullptr;
     /// What debug_draw_font draws unless empty: the outcome of the last search or failed creation.

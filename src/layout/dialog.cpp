@@ -53,7 +53,6 @@ void CSimpleGUIDialog::save_to_node(pack_node* node, const save_operation& opera
 void CSimpleGUIDialog::on_parse(pack_node* node, const load_operation& operation) {
     IBaseItem::on_parse(node, operation);
     read_fields(*this, node, dialog_fields);
-    drop_endless_fractions(*this);
 }
 
 void CSimpleGUIDialog::on_ready() {

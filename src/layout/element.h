@@ -3,9 +3,8 @@
 // What the two kinds of elements have in common: a place that is described in two ways, and fields that a project
 // keeps. Free functions over the fields that both classes name alike.
 
-#include <cmath>
-
 #include "engine/engine_core.h"
+#include "layout/persisted_value.h"
 #include "layout/placement.h"
 
 template <class Element>
@@ -23,15 +22,6 @@ void store_placement(Element& element, const Placement& placement) {
     element.m_right_scaleMode = placement.right;
     element.m_top_scaleMode = placement.top;
     element.m_bottom_scaleMode = placement.bottom;
-}
-
-/// A file can hold fractions that are no numbers; none of them may reach a rectangle or the next file.
-template <class Element>
-void drop_endless_fractions(Element& element) {
-    for (float* fraction : {&element.m_left_scaleMode, &element.m_right_scaleMode, &element.m_top_scaleMode,
-                            &element.m_bottom_scaleMode}) {
-        if (!std::isfinite(*fraction)) *fraction = 0.0f;
-    }
 }
 
 /// One persisted field of a class: its key, its type in the project, and where it lies in the object.
@@ -56,5 +46,5 @@ void save_fields(Element& element, pack_node* node, const PersistedField<Element
 /// A missing key leaves its field as it is.
 template <class Element, std::size_t Count>
 void read_fields(Element& element, pack_node* node, const PersistedField<Element> (&fields)[Count]) {
-    for (const auto& field : fields) node->get_property(field.key, field.type, field.address(element));
+    for (const auto& field : fields) read_value(node, field.key, field.type, field.address(element));
 }

@@ -30,7 +30,6 @@ void CSimpleGUIShape::save_to_node(pack_node* node, const save_operation& operat
 void CSimpleGUIShape::on_parse(pack_node* node, const load_operation& operation) {
     IBaseItem::on_parse(node, operation);
     read_shape_fields(*this, node, operation);
-    drop_endless_fractions(*this);
 }
 
 void CSimpleGUIShape::on_ready() {

@@ -1,6 +1,7 @@
 #include "module/setting.h"
 
 #include "fonts/font_info.h"
+#include "layout/persisted_value.h"
 
 namespace {
 
@@ -46,7 +47,7 @@ void CGlobalGUISetting::save_to_node(pack_node* node, const save_operation& oper
 
 void CGlobalGUISetting::on_parse(pack_node* node, const load_operation& operation) {
     IBaseItem::on_parse(node, operation);
-    node->get_property(trans_time_key, PAK_FLOAT, &m_ani_trans_time);
+    read_value(node, trans_time_key, PAK_FLOAT, &m_ani_trans_time);
     m_font_info->on_parse(node);
 }
 

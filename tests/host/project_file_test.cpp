@@ -1,0 +1,235 @@
+#include "host/core/project_file.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <random>
+#include <regex>
+
+#include "host/core/text_conversion.h"
+
+namespace {
+
+using namespace host;
+
+constexpr const char* some_id = "283B689B-6775-0F82-3171-70E93AFF15F6";
+constexpr const char* other_id = "283B689B-6775-0F82-3171-70E93AFF15F7";
+
+std::string formatted(const ProjectDocument& document) {
+    std::string error;
+    const std::string text = format_project(document, error);
+    EXPECT_EQ(error, "");
+    return text;
+}
+
+ProjectDocument reread(const ProjectDocument& document) {
+    ProjectDocument back;
+    std::string error;
+    const std::string text = formatted(document);
+    EXPECT_TRUE(parse_project(text, "p.sgui", back, error)) << error << '\n' << text;
+    return back;
+}
+
+ProjectItem& add_item(ProjectDocument& document, const tstringW& name = L"") {
+    ProjectItem& item = document.items.emplace_back();
+    item.type = 83783;
+    item.id = CGuid(from_utf8(some_id).c_str());
+    item.name = name;
+    return item;
+}
+
+// The names and keys of a tree, in order.
+std::string outline(const ProjectNode& node) {
+    std::string text = node.name() + "(";
+    for (const Property& property : node.properties()) text += property.key + " ";
+    for (const auto& child : node.children()) text += outline(*child);
+    return text + ")";
+}
+
+}  // namespace
+
+TEST(ProjectFile, KeepsEveryBitOfAFloat) {
+    std::vector<std::uint32_t> bits = {0x80000000, 1,          0x807FFFFF, 0x7F7FFFFF, 0x7F800000, 0xFF800000,
+                                       0x7FC00000, 0x7F800001, 0xFFC12345, 0xFFFFFFFF, 0x3DCCCCCD, 0x00800000};
+    std::mt19937 random(7);
+    for (int i = 0; i < 4000; ++i) bits.push_back(static_cast<std::uint32_t>(random()));
+    ProjectDocument document;
+    ProjectNode& data = add_item(document).data;
+    for (std::size_t i = 0; i < bits.size(); ++i) {
+        const float value = std::bit_cast<float>(bits[i]);
+        data.set("f" + std::to_string(i), value);
+        data.set("v" + std::to_string(i), VEC4(0, value, 0, value));
+    }
+    ProjectDocument back = reread(document);
+    ASSERT_EQ(back.items.size(), 1u);
+    for (std::size_t i = 0; i < bits.size(); ++i) {
+        float number = 0;
+        VEC4 vector;
+        EXPECT_TRUE(back.items[0].data.get_property(("f" + std::to_string(i)).c_str(), PAK_FLOAT, &number));
+        EXPECT_TRUE(back.items[0].data.get_property(("v" + std::to_string(i)).c_str(), PAK_VEC4, &vector));
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(number), bits[i]);
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(vector.y), bits[i]);
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(vector.w), bits[i]);
+    }
+}
+
+TEST(ProjectFile, KeepsDifficultTexts) {
+    const std::wstring texts[] = {L"",
+                                  L" ",
+                                  L"\n",
+                                  L"\t",
+                                  L"\r",
+                                  L"a\r\nb\rc\n",
+                                  L"\n\n  leading and trailing \t\n ",
+                                  L"  two  blanks  ",
+                                  L"a]]>b",
+                                  L"a\n]]>\nb]]",
+                                  L"<![CDATA[x]]> & <b a='1' c=\"2\"> &amp; &#65; <!-- -->",
+                                  L"back\\slash \\u{41} \\",
+                                  L"back\\slash \\u{41} \x1F",
+                                  std::wstring(L"zero\0one", 8),
+                                  L"\x01\n\x7F\x85\x2028",
+                                  L"\xFFFE\xFFFF\xFEFF",
+                                  std::wstring(1, static_cast<wchar_t>(0xD83D)),
+                                  {L'a', static_cast<wchar_t>(0xDE00), static_cast<wchar_t>(0xD83D), L'\n'},
+                                  L"\U0001F600 欢迎\n光临 \U0010FFFF"};
+    for (const std::wstring& text : texts) {
+        ProjectDocument document;
+        ProjectNode& data = add_item(document, text).data;
+        data.set("text", tstringW(text));
+        data.add("inner").set("behind", 1);
+        const ProjectDocument back = reread(document);
+        ASSERT_EQ(back.items.size(), 1u);
+        const PropertyValue* value = back.items[0].data.find("text");
+        ASSERT_TRUE(value && std::holds_alternative<tstringW>(*value)) << to_utf8(text);
+        EXPECT_TRUE(std::get<tstringW>(*value) == text) << to_utf8(text) << '\n' << formatted(document);
+        EXPECT_TRUE(back.items[0].name == text) << to_utf8(text) << '\n' << formatted(document);
+        EXPECT_EQ(outline(back.items[0].data), "item(text inner(behind ))");
+    }
+}
+
+TEST(ProjectFile, KeepsOrderAndRepeatedNames) {
+    ProjectDocument document;
+    ProjectNode& data = add_item(document).data;
+    data.set("z", 1);
+    data.set("a", StoredBool{2});
+    for (const char* name : {"key", "a<&\">&#0;", "key"}) data.add(name).set(name, CRect(-1, 2, INT32_MIN, INT32_MAX));
+    data.add("empty");
+    const ProjectDocument back = reread(document);
+    ASSERT_EQ(back.items.size(), 1u);
+    EXPECT_EQ(outline(back.items[0].data), "item(z a key(key )a<&\">&#0;(a<&\">&#0; )key(key )empty())");
+    EXPECT_EQ(std::get<StoredBool>(*back.items[0].data.find("a")).value, 2);
+    EXPECT_EQ(std::get<CRect>(*back.items[0].data.child("key")->find("key")), CRect(-1, 2, INT32_MIN, INT32_MAX));
+}
+
+TEST(ProjectFile, RefusesToWriteANameThatNoFileCanHold) {
+    for (const char* name : {"\xFF", "a\x01", "\xED\xA0\x80"}) {
+        ProjectDocument document;
+        add_item(document).data.add(name);
+        std::string error;
+        EXPECT_EQ(format_project(document, error), "");
+        EXPECT_NE(error, "");
+    }
+}
+
+namespace {
+
+// A file that is wrong, where, and a word of the reason.
+struct Wrong {
+    std::string text;
+    int line;
+    const char* reason;
+};
+
+// The body stands in line 4.
+std::string item_with(const std::string& body) {
+    return "<project version=\"1\">\n<items>\n<item type=\"83783\" id=\"" + std::string(some_id) + "\">\n" + body +
+           "\n</item>\n</items>\n</project>\n";
+}
+std::string items_with(const std::string& body) {
+    return "<project version=\"1\">\n<items>\n" + body + "\n</items></project>";
+}
+std::string repeated(const std::string& text, int count) {
+    std::string all;
+    while (count-- > 0) all += text;
+    return all;
+}
+
+// That the file is refused in one line which names the place, and nothing else happens.
+void expect_refused(const Wrong& wrong) {
+    ProjectDocument document;
+    add_item(document, L"as it was");
+    std::string error;
+    EXPECT_FALSE(parse_project(wrong.text, "p.sgui", document, error)) << wrong.text;
+    EXPECT_EQ(error.find('\n'), std::string::npos) << error;
+    const std::string place = "p.sgui:" + (wrong.line ? std::to_string(wrong.line) + ": " : "");
+    EXPECT_TRUE(error.starts_with(place) && error.find(wrong.reason) != std::string::npos) << error << wrong.text;
+    EXPECT_EQ(to_utf8(from_utf8(error)), error) << "the error is no UTF-8";
+    EXPECT_TRUE(document.items.size() == 1 && document.items[0].name == L"as it was") << wrong.text;
+}
+
+}  // namespace
+
+TEST(ProjectFile, RefusesWhatIsWrongAndNamesThePlace) {
+    const std::string item = "<item type=\"1\" id=\"" + std::string(some_id) + "\"";
+    const Wrong files[] = {
+        {"", 1, "no XML"},
+        {"<?xml version=\"1.0\"?>\n<other/>", 2, "no project file"},
+        {"<project/>", 1, "version"},
+        {"\n<project version=\"2\"/>", 2, "newer version"},
+        {"<project version=\"one\"/>", 1, "\"one\""},
+        {"<project version=\"1\"/><project version=\"1\"/>", 1, "more than one"},
+        {"<project version=\"1\">\n<scene/></project>", 2, "<scene>"},
+        {"<project version=\"1\">\n<items/>\n<items/></project>", 3, "twice"},
+        {items_with("<thing/>"), 3, "<thing>"},
+        {items_with("words"), 3, "words"},
+        {items_with("<item type=\"1\"/>"), 3, "id"},
+        {items_with("<item id=\"" + std::string(some_id) + "\"/>"), 3, "type"},
+        {items_with("<item type=\"1\" id=\"00000000-0000-0000-0000-000000000000\"/>"), 3, "bad id"},
+        {items_with("<item type=\"1\" id=\"xyz\"/>"), 3, "xyz"},
+        {items_with(item + " colour=\"red\"/>"), 3, "colour"},
+        {items_with(item + " visible=\"2\"/>"), 3, "visible"},
+        {items_with(item + " flag=\"2147483648\"/>"), 3, "2147483648"},
+        {items_with(item + "/>\n" + item + "/>"), 4, "twice"},
+        {items_with("\n" + item + " parent=\"" + other_id + "\"/>"), 4, "parent"},
+        {items_with("\n" + item + " parent=\"" + some_id + "\"/>"), 4, "parent"},
+        {item_with("<double key=\"k\" value=\"1\"/>"), 4, "<double>"},
+        {item_with("<int value=\"1\"/>"), 4, "key"},
+        {item_with("<int key=\"k\"/>"), 4, "value"},
+        {item_with("<int key=\"k\" value=\"1.5\"/>"), 4, "1.5"},
+        {item_with("<int key=\"k\" value=\"2147483648\"/>"), 4, "2147483648"},
+        {item_with("<bool key=\"k\" value=\"yes\"/>"), 4, "yes"},
+        {item_with("<float key=\"k\" value=\"0,5\"/>"), 4, "0,5"},
+        {item_with("<float key=\"k\" value=\"nan:3F800000\"/>"), 4, "nan:3F800000"},
+        {item_with("<rect key=\"k\" value=\"1 2 3\"/>"), 4, "1 2 3"},
+        {item_with("<vec4 key=\"k\" value=\"1 2 3 4 5\"/>"), 4, "1 2 3 4 5"},
+        {item_with("<int key=\"k\" value=\"1\"/>\n<text key=\"k\" value=\"\"/>"), 5, "twice"},
+        {item_with("<text key=\"k\" value-escaped=\"\\u{zz}\"/>"), 4, "escape"},
+        {item_with("<text key=\"k\" value=\"a\">b</text>"), 4, "twice"},
+        {item_with("<text key=\"k\"><b/></text>"), 4, "element"},
+        {item_with("\n stray"), 5, "stray"},
+        {item_with("<node name=\"n\">"), 0, "no XML"},
+        {item_with("<int key=\"k\" value=\"\xFF\"/>"), 4, "UTF-8"},
+        {item_with("<text key=\"k\" value=\"&#0;\"/>"), 4, "XML cannot hold"},
+        {item_with(repeated("<node name=\"n\">\n", 100) + repeated("</node>", 100)), 0, "deep"},
+    };
+    for (const Wrong& wrong : files) expect_refused(wrong);
+}
+
+TEST(ProjectFile, CutsLongValuesInErrorsBetweenCharacters) {
+    for (int shift = 0; shift < 4; ++shift)
+        for (const char* character : {"\u6B22", "\U0001F600"})
+            expect_refused({item_with("<int key=\"k\" value=\"" + std::string(static_cast<std::size_t>(shift), 'x') +
+                                      repeated(character, 40) + "\"/>"),
+                            4, "..."});
+}
+
+TEST(ProjectFile, RefusesAFileCutOffAnywhere) {
+    ProjectDocument document;
+    ProjectNode& data = add_item(document, L"欢迎").data;
+    data.set("text", tstringW(L"two\nlines ]]> 光临"));
+    data.add("node").set("vec", VEC4(0.1f, 2, 3, 4));
+    const std::string whole = formatted(document);
+    for (std::size_t length = 0; length <= whole.rfind("</project"); ++length)
+        expect_refused({whole.substr(0, length), 0, ""});
+}

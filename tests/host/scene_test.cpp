@@ -1,0 +1,143 @@
+#include "host/system/scene.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "engine/numbers.h"
+
+namespace {
+
+using namespace host;
+
+int alive = 0;
+
+struct Item final : IBaseItem {
+    explicit Item(unsigned type) {
+        m_type = type;
+        ++alive;
+    }
+    ~Item() override {
+        --alive;
+        if (on_end) on_end();
+    }
+    std::function<void()> on_end;
+};
+
+class SceneTest : public testing::Test {
+protected:
+    ~SceneTest() override {
+        scene.clear();
+        EXPECT_EQ(alive, 0) << "items outlive their scene";
+    }
+    Actor* actor(const wchar_t* name, unsigned type = 1, IActor* parent = nullptr) {
+        IActor* made = scene.create_actor(new Item(type), parent, 1);
+        made->set_name(name, true);
+        return static_cast<Actor*>(made);
+    }
+
+    MessageManager messages;
+    SelectionManager selection;
+    Scene scene{messages, selection};
+};
+
+}  // namespace
+
+// Against a search that looks at every actor, through thousands of changes at random.
+TEST_F(SceneTest, LookUpsAreRightThroughEveryChange) {
+    const wchar_t* const names[] = {L"a", L"b", L"", L"欢迎"};
+    std::mt19937 random(3);
+    const auto pick = [&random](std::size_t count) { return static_cast<std::size_t>(random()) % count; };
+    GUID guid{};
+    const auto slowly = [this](auto fits) -> IActor* {
+        for (Actor* at : scene.actors())
+            if (at->is_in_scene() && fits(*at)) return at;
+        return nullptr;
+    };
+    std::vector<Actor*> all;
+    const std::function<void(Actor*)> changes[] = {
+        [&](Actor* one) { actor(names[pick(4)], static_cast<unsigned>(1 + pick(2)), pick(2) ? one : nullptr); },
+        [&](Actor* one) { one->set_name(names[pick(4)], true); },
+        [&](Actor* one) { one->set_id(guid); },
+        [&](Actor* one) { scene.remove({one}); },
+        [&](Actor* one) { scene.restore({one}); },
+        [&](Actor* one) { one->set_parent(all[pick(all.size())]); },
+        [&](Actor* one) { scene.delete_actor(one); },
+        [&](Actor* one) { scene.delete_actor_alone(one); },
+    };
+    for (int step = 0; step < 4000; ++step) {
+        all = scene.actors();
+        guid.Data1 = static_cast<std::uint32_t>(pick(5));
+        // Ends come only to a scene that is full enough.
+        if (all.empty())
+            changes[0](nullptr);
+        else
+            changes[pick(all.size() > 30 ? 8 : 6)](all[pick(all.size())]);
+        for (const wchar_t* name : names)
+            for (unsigned type : {1u, 2u}) {
+                const IActor* expected = slowly(
+                    [&](const Actor& at) { return at.get_name() == tstringW(name) && at.get_item()->m_type == type; });
+                ASSERT_EQ(scene.search_item_by_name(name, type), expected ? expected->get_item() : nullptr) << step;
+            }
+        ASSERT_EQ(scene.search_actor_by_guid(guid), slowly([&](const Actor& at) { return at.get_id() == CGuid(guid); }))
+            << step;
+    }
+}
+
+TEST_F(SceneTest, RefusesWhatWouldBreakTheTree) {
+    Scene other(messages, selection);
+    Actor* const top = actor(L"top");
+    Actor* const below = actor(L"below", 1, top);
+    const CMyComPtr<Item> loose(new Item(1));
+    EXPECT_EQ(scene.create_actor(nullptr, nullptr, 1), nullptr);
+    EXPECT_EQ(scene.create_actor(below->get_item(), nullptr, 1), nullptr) << "the item has an actor already";
+    EXPECT_EQ(other.create_actor(loose.get(), top, 1), nullptr) << "the parent is of another scene";
+    top->set_parent(below);
+    top->set_parent(top);
+    EXPECT_EQ(top->get_parent(), nullptr);
+    EXPECT_EQ(below->get_parent(), top);
+}
+
+TEST_F(SceneTest, AnItemThatIsHeldOutlivesItsActor) {
+    Actor* const made = actor(L"a");
+    const CMyComPtr<IBaseItem> held(made->get_item());
+    selection.select({made});
+    scene.delete_actor(made);
+    scene.delete_actor(made);
+    EXPECT_EQ(held->m_actor, nullptr);
+    EXPECT_TRUE(selection.get_selection()->empty());
+    EXPECT_EQ(scene.size(), 0u);
+}
+
+// A script may end a dialog from within the end of one of its shapes.
+TEST_F(SceneTest, TheEndOfAnItemMayEndOthers) {
+    for (int victim = 0; victim < 4; ++victim) {
+        Actor* const top = actor(L"top");
+        Actor* const middle = actor(L"middle", 1, top);
+        Actor* const sibling = actor(L"sibling", 1, top);
+        Actor* const leaf = actor(L"leaf", 1, middle);
+        IActor* const ended = std::array{top, middle, sibling, leaf}[static_cast<std::size_t>(victim)];
+        for (Actor* at : {leaf, sibling})
+            static_cast<Item*>(at->get_item())->on_end = [this, ended] { scene.delete_actor(ended); };
+        scene.delete_actor(top);
+        EXPECT_EQ(scene.size(), 0u) << victim;
+    }
+}
+
+TEST_F(SceneTest, ARemovalIsToldInOneMessageAndLeavesTheSelection) {
+    std::vector<std::pair<unsigned long, std::list<IActor*>>> told;
+    messages.hook = [&told](const Message& message) {
+        told.emplace_back(message.id, *reinterpret_cast<std::list<IActor*>*>(message.params[0]));
+    };
+    Actor* const a = actor(L"a");
+    Actor* const b = actor(L"b");
+    selection.select({a, nullptr, b, a});
+    EXPECT_EQ(*selection.get_selection(), (std::list<IActor*>{a, b}));
+    const std::list<IActor*> both = {b, nullptr, a};
+    scene.remove(both);
+    EXPECT_TRUE(selection.get_selection()->empty());
+    scene.restore(both);
+    ASSERT_EQ(told.size(), 2u);
+    EXPECT_EQ(told[0], std::pair(MSG_ACTORS_REMOVED, both));
+    EXPECT_EQ(told[1], std::pair(MSG_ACTORS_RESTORED, both));
+}
