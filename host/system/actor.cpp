@@ -29,6 +29,11 @@ void Actor::set_parent(IActor* parent) {
     for (const Actor* at = above; at; at = at->m_parent)
         if (at == this) return;
     if (m_scene.on_parent_changed) m_scene.on_parent_changed(*this, parent);
+    if (!parent) {
+        // What is out of the tree has no way back into it, so it ends here; nothing of it is touched any more.
+        m_scene.delete_actor(this);
+        return;
+    }
     Scene::unlink(*this);
     Scene::link(*this, above);
 }

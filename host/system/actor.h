@@ -22,6 +22,7 @@ public:
     void set_id(const CGuid& id) override;
     IActor* get_parent() const override { return m_parent; }
     /// A parent that is the actor itself, lies below it, or belongs to another scene is refused; nothing changes then.
+    /// Null ends the actor with its item and all below it.
     void set_parent(IActor* parent) override;
     IBaseItem* get_item() const override { return m_item.get(); }
     int get_flag() const override { return m_flag; }

@@ -132,14 +132,13 @@ bool Engine::input(const SInputEvent& event) {
 void Engine::close() {
     end_run();
     m_scene.clear();
-    m_scene.forget_property_items();
     m_scripts.forget_functions();
-    while (!m_modules.empty()) {
-        IBaseModule& module = m_modules.back()->module();
+    each_module([this](IBaseModule& module) {
         module.on_destroy();
         m_messages.remove_listener(&module);
-        m_modules.pop_back();
-    }
+    });
+    m_scene.forget_property_items();
+    while (!m_modules.empty()) m_modules.pop_back();
 }
 
 }  // namespace host

@@ -12,7 +12,13 @@ void show_sdl_hand() {
     if (hand) SDL_SetCursor(hand);
 }
 
-constexpr platform_functions usual_functions{&show_sdl_hand};
+CPoint sdl_cursor_position() {
+    CPoint position;
+    if (SDL_WasInit(SDL_INIT_VIDEO)) SDL_GetGlobalMouseState(&position.x, &position.y);
+    return position;
+}
+
+constexpr platform_functions usual_functions{&show_sdl_hand, &sdl_cursor_position};
 
 platform_functions& functions_in_use() {
     static platform_functions functions = usual_functions;

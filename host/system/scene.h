@@ -41,9 +41,9 @@ struct GuidHash {
     std::size_t operator()(const CGuid& id) const;
 };
 
-/// A global item that the author edits; the scene owns nothing of it.
+/// A global item that the author edits. No module frees it: the list holds it.
 struct PropertyItem {
-    IBaseItem* item = nullptr;
+    CMyComPtr<IBaseItem> item;
     tstringW name;
 };
 
@@ -82,6 +82,7 @@ public:
     /// True if the actor lives in this scene.
     bool holds(const IActor* actor) const { return m_alive.contains(actor); }
     const std::vector<PropertyItem>& property_items() const { return m_property_items; }
+    /// The items may end here, so it comes ahead of the unloading of the module that made them.
     void forget_property_items() { m_property_items.clear(); }
 
     /// From now on identifiers count up from 1 instead of being random, so that two runs make the same ones.

@@ -83,6 +83,7 @@ void CZovProperty::get_value(float& value) const { fetch(m_float, value); }
 void CZovProperty::get_value(VEC2& value) const { fetch(m_vec2, value); }
 
 const platform_functions& get_platform_functions() {
-    static const platform_functions table{.set_hand_cursor = [] { ++registry().hand_cursors; }};
+    static const platform_functions table{.set_hand_cursor = [] { ++registry().hand_cursors; },
+                                          .cursor_position = [] { return registry().cursor; }};
     return table;
 }

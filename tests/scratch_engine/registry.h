@@ -37,5 +37,7 @@ struct Registry {
     std::vector<std::wstring> log;
     unsigned long long ticks = 0;
     int hand_cursors = 0;
+    /// What the cursor answers.
+    CPoint cursor;
 };
 Registry& registry();

@@ -61,7 +61,7 @@ struct Rule {
 
 const Rule rules[] = {
     {"src/engine", "", {"engine/", "platform_types.h"}},
-    {"src/platform", "", {"platform/", "platform_types.h"}},
+    {"src/platform", "", {"platform/", "platform_types.h", "engine/rect.h"}},
     {"src/layout", ".h", {"engine/", "layout/"}},
     {"src/fonts", ".h", {"engine/", "fonts/", "platform_types.h"}},
     {"src/interaction", ".h", {"engine/", "layout/", "interaction/"}},
