@@ -8,6 +8,7 @@
 #include "host/core/text_conversion.h"
 #include "player/commands.h"
 #include "player/notice.h"
+#include "player/progress.h"
 
 namespace player {
 
@@ -159,7 +160,11 @@ int play(const PlayOptions& options) {
 
     std::string error;
     const auto session = Session::start(host::SdlDevice::for_window(window.get()), options.module, error);
-    if (!session || !session->open(options.project, options.size, error)) return fail(error);
+    if (!session) return fail(error);
+    {
+        const Progress progress("Opening " + options.project);
+        if (!session->open(options.project, options.size, error)) return fail(error);
+    }
     Player(*session, window.get(), options).run();
     return EXIT_DONE;
 }

@@ -31,7 +31,7 @@ void run_until(host::Engine& engine, double seconds) {
 
 int render(const RenderOptions& options) {
     host::use_settable_time(0.0);
-    Progress progress("Rendering " + options.project);
+    const Progress progress("Rendering " + options.project);
     std::string error;
     const auto session = Session::start(host::SdlDevice::in_memory(), options.module, error);
     if (!session || !session->open(options.project, options.size, error)) return fail(error);

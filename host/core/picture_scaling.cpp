@@ -20,7 +20,8 @@ Share share_of(int at, int picture_size, int size) {
     const double center = (at + 0.5) * step - 0.5;
     const int from = static_cast<int>(std::ceil(center - reach)), to = static_cast<int>(std::floor(center + reach));
     Share share{std::clamp(from, 0, picture_size - 1), {}};
-    share.weights.assign(static_cast<std::size_t>(std::clamp(to, 0, picture_size - 1) - share.first + 1), 0.0f);
+    const int last = std::clamp(to, 0, picture_size - 1);
+    share.weights.assign(static_cast<std::size_t>(last) - static_cast<std::size_t>(share.first) + 1, 0.0f);
     double sum = 0.0;
     for (int i = from; i <= to; ++i) {
         const double weight = std::max(0.0, 1.0 - std::abs(i - center) / reach);

@@ -44,7 +44,7 @@ PaintedPoint painted(const Frame& frame, const VEC3& place, const VEC3& color, f
 void add_room(Corners& out, const Frame& frame) {
     constexpr int columns = 48, rows = 36;
     std::vector<PaintedPoint> grid;
-    grid.reserve((columns + 1) * (rows + 1));
+    grid.reserve(std::size_t{columns + 1} * (rows + 1));
     for (int row = 0; row <= rows; ++row) {
         for (int column = 0; column <= columns; ++column) {
             const float x = frame.width * static_cast<float>(column) / columns;

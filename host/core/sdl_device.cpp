@@ -3,7 +3,9 @@
 #include <SDL2/SDL_image.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 #include "host/core/byte_color.h"
@@ -209,8 +211,9 @@ bool SdlDevice::save_png(const std::string& path, std::string& error) {
     const int width = m_frame_size.right;
     const SdlSurface surface(SDL_CreateRGBSurfaceWithFormatFrom(
         pixels.data(), width, m_frame_size.bottom, 32, width * int{sizeof(std::uint32_t)}, SDL_PIXELFORMAT_RGB888));
+    errno = 0;
     if (surface && IMG_SavePNG(surface.get(), path.c_str()) == 0) return true;
-    error = SDL_GetError();
+    error = path + ": the picture could not be written: " + (errno ? std::strerror(errno) : SDL_GetError());
     return false;
 }
 

@@ -164,7 +164,7 @@ void fetch(const xparam_desc& param, Value& value, std::string& text) {
 
 // Each call has parameters of its own, since the body may run a script that calls the same function.
 CMyComPtr<xparam_desc> own_copy(const CMyComPtr<xparam_desc>& param) {
-    return param.get() ? CMyComPtr<xparam_desc>(new xparam_desc(*param)) : CMyComPtr<xparam_desc>();
+    return param ? CMyComPtr<xparam_desc>(new xparam_desc(*param)) : CMyComPtr<xparam_desc>();
 }
 
 struct Outcome {

@@ -41,7 +41,7 @@ void print_line(std::FILE* file, const std::string& line) {
 
 void ScriptManager::register_xfun(xfunc_desc function, tstringW category) {
     if (!is_usable(function)) return;
-    RegisteredFunction fresh{std::move(function), std::move(category), {}, {}};
+    RegisteredFunction fresh{function, std::move(category), {}, {}};
     fresh.desc.system = m_system;
     fresh.name = to_utf8(fresh.desc.func_name);
     for (const auto& param : fresh.desc.params) fresh.titles.push_back(title_of(param->text));
