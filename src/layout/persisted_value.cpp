@@ -6,18 +6,18 @@
 
 namespace {
 
-// How many floats a property of that type is made of.
+// The types that are made of floats, and of how many.
+struct FloatType {
+    pak_node_type type;
+    std::size_t count;
+};
+constexpr FloatType float_types[] = {{PAK_FLOAT, 1}, {PAK_VEC3, 3}, {PAK_VEC4, 4}};
+
 std::size_t float_count(pak_node_type type) {
-    switch (type) {
-        case PAK_FLOAT:
-            return 1;
-        case PAK_VEC3:
-            return 3;
-        case PAK_VEC4:
-            return 4;
-        default:
-            return 0;
+    for (const FloatType& row : float_types) {
+        if (row.type == type) return row.count;
     }
+    return 0;
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-// What the bodies have in common: the item that a call names, and the tables of simple setters and getters.
+// What the bodies have in common: the item that a call names, and what a selector of visibility does.
 
 #include "engine/engine_system.h"
 #include "layout/dialog.h"

@@ -1,6 +1,7 @@
 // The order of dialogs and shapes through a save and a load, and files that no save has written.
 
 #include <algorithm>
+#include <cmath>
 
 #include "support/gui_test.h"
 
@@ -156,4 +157,46 @@ TEST_F(OpeningTest, SavedOrderComesBackAroundARemovalThatIsUndone) {
     EXPECT_EQ(items(gui.m_dialogs), (Dialogs{upper, lower}));
     EXPECT_EQ(items(upper->m_shapes), (Shapes{read[1], read[2], read[0]}));
     EXPECT_EQ(read[2]->m_rect, CRect(3, 0, 4, 2));
+}
+
+TEST_F(OpeningTest, ASaveNeverWritesTwoNumbersAlike) {
+    CSimpleGUIDialog* kept = stored_dialog(4);
+    CSimpleGUIDialog* dropped = stored_dialog(4);
+    CSimpleGUIDialog* below = stored_dialog(5);
+    CSimpleGUIShape* shapes[] = {stored_shape(kept, 1), stored_shape(kept, 1), stored_shape(kept, 0)};
+    gui.on_project_opened();
+    MemoryNode node;
+    gui.on_save_project(&node, save);
+    EXPECT_EQ(kept->m_order_num, 0);
+    EXPECT_EQ(below->m_order_num, 1);
+    EXPECT_EQ(dropped->m_order_num, 2) << "behind the others, so that the next load keeps it";
+    EXPECT_EQ(shapes[2]->m_order_num, 0);
+    EXPECT_EQ(shapes[0]->m_order_num, 1);
+    EXPECT_EQ(shapes[1]->m_order_num, 2);
+}
+
+TEST_F(OpeningTest, NumbersThatAreNoneAreNotTakenFromAFile) {
+    auto* dialog = engine.make<CSimpleGUIDialog>(ITEM_TYPE_DIALOG);
+    auto* shape = engine.make<CSimpleGUIShape>(ITEM_TYPE_SHAPE, dialog);
+    MemoryNode node;
+    float endless = INFINITY;
+    VEC4 color(1.0f, NAN, 0.0f, 1.0f);
+    node.add_property("m_left_scaleMode", PAK_FLOAT, &endless);
+    node.add_property("m_color", PAK_VEC4, &color);
+    dialog->on_parse(&node, load);
+    shape->on_parse(&node, load);
+    EXPECT_EQ(dialog->m_left_scaleMode, 0.0f);
+    EXPECT_EQ(shape->m_color, VEC4(1.0f, 1.0f, 1.0f, 0.2f));
+}
+
+// The next module of the process would otherwise destroy a tool that walks lists which are gone.
+TEST(Engine, ARunThatWasLeftOpenEndsWithItsModule) {
+    {
+        ScratchEngine first;
+        first.gui().prepare_run();
+    }
+    ScratchEngine second;
+    second.gui().prepare_run();
+    second.gui().after_run();
+    EXPECT_EQ(second.gui().m_running, 0);
 }

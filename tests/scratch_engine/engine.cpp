@@ -21,7 +21,6 @@ ScratchEngine::ScratchEngine() : m_font(new IBaseFont(&device)) {
 }
 
 ScratchEngine::~ScratchEngine() {
-    if (gui().m_running) gui().after_run();
     scene.clear();
     delete m_module;
     scene.property_items.clear();
