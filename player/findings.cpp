@@ -1,10 +1,13 @@
 #include "player/findings.h"
 
+#include <cmath>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <unordered_map>
 
 #include "engine/numbers.h"
+#include "host/core/font_face.h"
 #include "host/core/native_path.h"
 #include "host/core/picture_file.h"
 #include "host/core/text_conversion.h"
@@ -14,6 +17,8 @@ namespace player {
 namespace {
 
 namespace fs = std::filesystem;
+using host::ProjectAnimation;
+using host::ProjectAnimNode;
 using host::ProjectDocument;
 using host::ProjectItem;
 using host::ProjectNode;
@@ -46,18 +51,28 @@ constexpr Range ranges[] = {
     {ITEM_TYPE_SHAPE, "m_font_type", 0, slot_count - 1, "its text is drawn in the default font"},
 };
 
+bool is_element(unsigned long type) { return type == ITEM_TYPE_DIALOG || type == ITEM_TYPE_SHAPE; }
+
+// Whether the host can draw with the file at that size.
+bool can_be_shown(const fs::path& file, unsigned size) {
+    const std::u8string path = file.u8string();
+    return IBaseFont::Face::from_file(from_utf8(std::string(path.begin(), path.end())).c_str(), size)->font != nullptr;
+}
+
 class Search {
 public:
-    Search(const ProjectDocument& document, std::string folder) : m_document(document), m_folder(std::move(folder)) {
+    Search(const ProjectDocument& document, const std::string& path)
+        : m_document(document), m_path(path), m_folder(fs::path(path).parent_path().string()) {
         for (const ProjectItem& item : document.items) m_by_id.emplace(item.id.to_text(), &item);
     }
 
-    std::vector<Finding> all() {
+    std::vector<Finding> all(const FontFinder& find_font) {
         for (const ProjectItem& item : m_document.items) look_at(item);
         if (m_unnumbered && m_numbered) {
             add(*m_unnumbered, "has no order number while other dialogs have one: the order stays as loaded");
         }
-        look_at_fonts();
+        for (const ProjectAnimation& animation : m_document.animations) look_at(animation);
+        look_at_fonts(find_font);
         return std::move(m_findings);
     }
 
@@ -66,10 +81,35 @@ private:
         m_findings.push_back({item.line, item.name, std::move(text)});
     }
 
+    void look_at(const ProjectAnimation& animation) {
+        const auto add_here = [&](std::string text) {
+            m_findings.push_back({animation.line, animation.name, std::move(text)});
+        };
+        const anim_info& info = animation.info;
+        if (!m_animation_names.insert(animation.name).second) {
+            add_here("has the name of an animation further up: scripts reach that one alone");
+        }
+        if (!(info.length > 0.0f) || !std::isfinite(info.length)) {
+            add_here("has no length: it shows its first moment alone");
+        }
+        if (info.mode_count == 0) add_here("plays 0 times: it shows its first moment alone");
+        if (info.factor == 0.0f || !std::isfinite(info.factor)) add_here("has no speed: it stands still");
+        for (const ProjectAnimNode& node : animation.nodes) look_at(animation, node);
+    }
+
+    void look_at(const ProjectAnimation& animation, const ProjectAnimNode& node) {
+        const auto moved = m_by_id.find(node.item.to_text());
+        const bool is_known = !node.item.is_empty() && moved != m_by_id.end();
+        if (is_known && is_element(moved->second->type)) return;
+        const std::string item = is_known ? "\"" + to_utf8(moved->second->name) + "\" is neither a dialog nor a shape"
+                                          : "there is no item " + to_utf8(node.item.to_text());
+        m_findings.push_back({node.line, animation.name, "a node moves nothing: " + item});
+    }
+
     void look_at(const ProjectItem& item) {
-        if (item.type != ITEM_TYPE_DIALOG && item.type != ITEM_TYPE_SHAPE) return;
+        if (!is_element(item.type)) return;
         for (const Range& range : ranges) {
-            if (range.type != item.type) continue;
+            if (range.type != item.type || !is_in_force(item, range)) continue;
             const int value = int_of(item.data, range.key, range.least);
             if (value >= range.least && value <= range.most) continue;
             add(item, std::string(range.key) + " is " + std::to_string(value) + ", not " + std::to_string(range.least) +
@@ -78,6 +118,12 @@ private:
         if (item.type == ITEM_TYPE_SHAPE) look_at_shape(item);
         look_at_order(item);
         for (const char* key : {"m_texture", "m_texture_hover", "m_texture_down"}) look_at_picture(item, key);
+    }
+
+    // A scaled element takes its place from fractions; imported ones also say so in the place of an anchor.
+    static bool is_in_force(const ProjectItem& item, const Range& range) {
+        const auto* scale = value_of<host::StoredBool>(item.data, "m_bScaleMode");
+        return std::string_view(range.key) != "m_iAlignType" || !scale || scale->value == 0;
     }
 
     void look_at_shape(const ProjectItem& item) {
@@ -115,44 +161,69 @@ private:
                       (fs::exists(path, ignored) ? "is no picture" : "is missing"));
     }
 
-    // A slot whose font is neither the default nor beside the project falls back, and so do all behind it.
-    void look_at_fonts() {
-        for (const auto& module : m_document.modules.children()) {
-            const ProjectNode* setting = module->child("SimpleGUIEnvSetting");
-            for (int slot = 0; setting && slot < slot_count; ++slot) {
-                const std::string prefix = "m_gui_logfonts_for_loading" + std::to_string(slot);
-                const tstringW* face = value_of<tstringW>(*setting, prefix + "lfFaceName");
-                const tstringW* file = value_of<tstringW>(*setting, prefix + "FontFileName");
-                if (!face || *face == L"Default" || (file && is_beside_project(*file))) continue;
-                m_findings.push_back({0,
-                                      {},
-                                      "the font \"" + to_utf8(*face) + "\" of slot " + std::to_string(slot) +
-                                          " is not beside the project: where the system lacks it, this slot and"
-                                          " all behind it show the default font"});
-            }
+    // Beside the project stands what its slots name, in its folder or among what was published. Empty for none.
+    fs::path beside_project(const std::wstring& file) const {
+        const fs::path project = host::native_path(from_utf8(m_path));
+        fs::path published = project.parent_path() / project.stem();
+        published += "_textures";
+        std::error_code ignored;
+        for (const fs::path& folder : {project.parent_path(), published}) {
+            fs::path candidate = folder / host::native_path(file);
+            if (!file.empty() && fs::is_regular_file(candidate, ignored)) return candidate;
+        }
+        return {};
+    }
+
+    void look_at_font(std::size_t slot, const StoredSlot& stored, const FontFinder& find_font) {
+        const std::string name = "the font \"" + to_utf8(stored.wish.face) + "\" of slot " + std::to_string(slot);
+        const fs::path copy = beside_project(stored.file);
+        const fs::path listed = host::native_path(from_utf8(find_font(stored.wish)));
+        std::error_code ignored;
+        const bool is_installed = fs::is_regular_file(listed, ignored);
+        const fs::path& shown = is_installed ? listed : copy;
+        if (!shown.empty() && !can_be_shown(shown, stored.size)) {
+            m_findings.push_back({0,
+                                  {},
+                                  name + " can't be shown in " + std::to_string(stored.size) + " pixels from \"" +
+                                      shown.string() + "\": its texts stay empty"});
+        }
+        if (copy.empty()) add_missing_copy(name, stored, is_installed);
+    }
+
+    void add_missing_copy(const std::string& name, const StoredSlot& stored, bool is_installed) {
+        const char* fault = stored.file.empty()
+                                ? " has no file name in the project, so that a copy beside it is not found"
+                                : " is not beside the project";
+        const char* effect = is_installed
+                                 ? ": where it is not installed, this slot and all behind it show the default font"
+                                 : ", nor is it installed here: this slot and all behind it show the default font";
+        m_findings.push_back({0, {}, name + fault + effect + " (sgui publish mends that where it can)"});
+    }
+
+    void look_at_fonts(const FontFinder& find_font) {
+        const std::vector<StoredSlot> slots = stored_slots(m_document);
+        for (std::size_t slot = 0; slot < slots.size(); ++slot) {
+            if (!slots[slot].is_default()) look_at_font(slot, slots[slot], find_font);
         }
     }
 
-    bool is_beside_project(const tstringW& file) const {
-        std::error_code ignored;
-        return !file.empty() &&
-               fs::is_regular_file(host::native_path(from_utf8(m_folder)) / host::native_path(file), ignored);
-    }
-
     const ProjectDocument& m_document;
+    std::string m_path;
     std::string m_folder;
     std::vector<Finding> m_findings;
     std::unordered_map<std::wstring, const ProjectItem*> m_by_id;
     std::map<std::pair<std::wstring, int>, const ProjectItem*> m_by_order;
     std::map<std::wstring, bool> m_pictures;
+    std::set<std::wstring> m_animation_names;
     const ProjectItem* m_numbered = nullptr;
     const ProjectItem* m_unnumbered = nullptr;
 };
 
 }  // namespace
 
-std::vector<Finding> find_problems(const ProjectDocument& document, const std::string& folder) {
-    return Search(document, folder).all();
+std::vector<Finding> find_problems(const ProjectDocument& document, const std::string& path,
+                                   const FontFinder& find_font) {
+    return Search(document, path).all(find_font);
 }
 
 }  // namespace player

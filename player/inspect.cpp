@@ -1,14 +1,17 @@
-#include <filesystem>
 #include <iostream>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "host/core/project_file.h"
+#include "host/core/project_text.h"
 #include "host/core/text_conversion.h"
 #include "player/commands.h"
 #include "player/findings.h"
 #include "player/progress.h"
+#include "player/scenario_library.h"
 
 namespace player {
 
@@ -45,31 +48,6 @@ ordered_json json_of(const ProjectNode& node) {
 
 const char* kind_of(unsigned long type) {
     return type == ITEM_TYPE_DIALOG ? "dialog" : type == ITEM_TYPE_SHAPE ? "shape" : "other";
-}
-
-void print_json(const ProjectDocument& document, const std::vector<Finding>& findings) {
-    ordered_json items = ordered_json::array();
-    for (const ProjectItem& item : document.items) {
-        const ordered_json data = json_of(item.data);
-        items.push_back(
-            {{"id", to_utf8(item.id.to_text())},
-             {"parent", item.parent.is_empty() ? ordered_json() : ordered_json(to_utf8(item.parent.to_text()))},
-             {"name", to_utf8(item.name)},
-             {"kind", kind_of(item.type)},
-             {"type", item.type},
-             {"visible", item.visible},
-             {"flag", item.flag},
-             {"line", item.line},
-             {"properties", data["properties"]},
-             {"children", data["children"]}});
-    }
-    ordered_json problems = ordered_json::array();
-    for (const Finding& finding : findings) {
-        problems.push_back({{"line", finding.line}, {"item", to_utf8(finding.item)}, {"text", finding.text}});
-    }
-    const ordered_json whole = {
-        {"modules", json_of(document.modules)["children"]}, {"items", items}, {"problems", problems}};
-    std::cout << whole.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
 }
 
 void print_node(const ProjectNode& node, const std::string& indent) {
@@ -116,6 +94,91 @@ private:
     std::unordered_set<const ProjectItem*> m_printed;
 };
 
+using ItemsById = std::map<CGuid, const ProjectItem*>;
+
+ItemsById by_id(const ProjectDocument& document) {
+    ItemsById items;
+    for (const ProjectItem& item : document.items) items.emplace(item.id, &item);
+    return items;
+}
+
+/// What the node moves; null if that is gone.
+const ProjectItem* item_of(const ItemsById& items, const host::ProjectAnimNode& node) {
+    const auto found = items.find(node.item);
+    return found == items.end() ? nullptr : found->second;
+}
+
+ordered_json json_of(const ItemsById& items, const host::ProjectAnimation& animation) {
+    ordered_json nodes = ordered_json::array();
+    for (const host::ProjectAnimNode& node : animation.nodes) {
+        const ProjectItem* item = item_of(items, node);
+        const ordered_json data = json_of(node.data);
+        nodes.push_back({{"type", node.type},
+                         {"item", to_utf8(node.item.to_text())},
+                         {"item_name", item ? ordered_json(to_utf8(item->name)) : ordered_json()},
+                         {"line", node.line},
+                         {"properties", data["properties"]},
+                         {"children", data["children"]}});
+    }
+    const anim_info& info = animation.info;
+    return {{"name", to_utf8(animation.name)},     {"length", info.length},         {"rate", info.rate},
+            {"mode_flag", info.mode_flag},         {"mode_count", info.mode_count}, {"factor", info.factor},
+            {"start", animation.starts_by_itself}, {"line", animation.line},        {"nodes", nodes}};
+}
+
+void print_json(const ProjectDocument& document, const std::vector<Finding>& findings) {
+    ordered_json items = ordered_json::array();
+    for (const ProjectItem& item : document.items) {
+        const ordered_json data = json_of(item.data);
+        items.push_back(
+            {{"id", to_utf8(item.id.to_text())},
+             {"parent", item.parent.is_empty() ? ordered_json() : ordered_json(to_utf8(item.parent.to_text()))},
+             {"name", to_utf8(item.name)},
+             {"kind", kind_of(item.type)},
+             {"type", item.type},
+             {"visible", item.visible},
+             {"flag", item.flag},
+             {"line", item.line},
+             {"properties", data["properties"]},
+             {"children", data["children"]}});
+    }
+    ordered_json problems = ordered_json::array();
+    for (const Finding& finding : findings) {
+        problems.push_back({{"line", finding.line}, {"item", to_utf8(finding.item)}, {"text", finding.text}});
+    }
+    const ItemsById items_by_id = by_id(document);
+    ordered_json animations = ordered_json::array();
+    for (const host::ProjectAnimation& animation : document.animations) {
+        animations.push_back(json_of(items_by_id, animation));
+    }
+    const ordered_json whole = {{"modules", json_of(document.modules)["children"]},
+                                {"items", items},
+                                {"animations", animations},
+                                {"problems", problems}};
+    std::cout << whole.dump(2, ' ', false, ordered_json::error_handler_t::replace) << '\n';
+}
+
+std::string how_it_plays(const host::ProjectAnimation& animation) {
+    const anim_info& info = animation.info;
+    std::string text = host::format_value(info.length) + " s";
+    if (info.mode_flag == 1) text += " there and back";
+    if (info.mode_count < 0) text += ", without an end";
+    if (info.mode_count >= 0 && info.mode_count != 1) text += ", " + std::to_string(info.mode_count) + " times";
+    if (info.factor != 1.0f) text += ", " + host::format_value(info.factor) + " times as fast";
+    if (animation.starts_by_itself) text += ", starts by itself";
+    return text;
+}
+
+void print_animation(const ItemsById& items, const host::ProjectAnimation& animation) {
+    std::cout << "animation \"" << to_utf8(animation.name) << "\"  " << how_it_plays(animation) << '\n';
+    for (const host::ProjectAnimNode& node : animation.nodes) {
+        const ProjectItem* item = item_of(items, node);
+        const std::string moved = item ? "\"" + to_utf8(item->name) + "\"" : "an item that is gone";
+        std::cout << "    moves " << moved << "  " << to_utf8(node.item.to_text()) << '\n';
+        print_node(node.data, "        ");
+    }
+}
+
 void print_text(const std::string& file, const ProjectDocument& document, const std::vector<Finding>& findings) {
     std::cout << file << '\n';
     for (const auto& module : document.modules.children()) {
@@ -123,6 +186,8 @@ void print_text(const std::string& file, const ProjectDocument& document, const 
         print_node(*module, "    ");
     }
     ItemTree(document).print();
+    const ItemsById items = by_id(document);
+    for (const host::ProjectAnimation& animation : document.animations) print_animation(items, animation);
     for (const Finding& finding : findings) {
         std::cout << "problem: " << file;
         if (finding.line > 0) std::cout << ':' << finding.line;
@@ -130,6 +195,18 @@ void print_text(const std::string& file, const ProjectDocument& document, const 
         std::cout << ": " << finding.text << '\n';
     }
     if (findings.empty()) std::cout << "no problems\n";
+}
+
+// As the module finds it. The library is loaded where a project needs it, which most don't.
+std::string installed_font(const FontWish& wish) {
+    ScenarioLibrary library;
+    std::string error;
+    std::vector<fonts::Try> tries;
+    if (!library.load(error)) throw std::runtime_error(error);
+    library.font_tries(wish, tries);
+    for (const fonts::Try& candidate : tries)
+        if (!candidate.file.empty()) return candidate.file;
+    return {};
 }
 
 }  // namespace
@@ -141,8 +218,7 @@ int inspect(const InspectOptions& options) {
         const Progress progress("Reading " + options.project);
         if (!host::read_project(options.project, document, error)) return fail(error);
     }
-    const std::string folder = std::filesystem::path(options.project).parent_path().string();
-    const std::vector<Finding> findings = find_problems(document, folder);
+    const std::vector<Finding> findings = find_problems(document, options.project, &installed_font);
     if (options.json) {
         print_json(document, findings);
     } else {

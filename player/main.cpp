@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
+#include <string_view>
 
 #include "player/commands.h"
 
@@ -38,6 +39,9 @@ CLI::Validator mouse_text(
 // A number of seconds that a frame can stand at; an hour of frames would take longer than anyone waits.
 CLI::Validator moment = CLI::Range(0.0, 3600.0);
 
+// More would be too small to see, and a picture too large to show.
+constexpr int most_frames = 100;
+
 /// The command line, as far as it concerns all commands.
 struct CommandLine {
     CLI::App app{about, "sgui"};
@@ -46,14 +50,26 @@ struct CommandLine {
     std::vector<std::string> mouse;
     PlayOptions play_options;
     RenderOptions render_options;
+    SheetOptions sheet_options;
     InspectOptions inspect_options;
+    ImportOptions import_options;
     NewOptions new_options;
+    scenario::RunOptions scenario_options;
+    FunctionsOptions functions_options;
+    FontsOptions fonts_options;
+    PublishOptions publish_options;
 
     CLI::App* play = app.add_subcommand("play", "Runs a project in a window. F5 opens the file again, Esc ends.");
     CLI::App* render = app.add_subcommand("render", "Draws one picture of a project, without a window.");
+    CLI::App* sheet = app.add_subcommand("sheet", "Draws moments of an animation beside each other, in one picture.");
     CLI::App* inspect =
         app.add_subcommand("inspect", "Prints every field of a project file and what is wrong with it.");
+    CLI::App* scenario = app.add_subcommand("run", "Carries out a Lua file that drives and checks projects.");
+    CLI::App* import = app.add_subcommand("import", "Brings a project of the old format over into a new file.");
     CLI::App* create = app.add_subcommand("new", "Writes a small project to start from.");
+    CLI::App* fonts = app.add_subcommand("fonts", "Prints the names of this machine's fonts and their files.");
+    CLI::App* publish = app.add_subcommand("publish", "Copies the fonts of a project beside it, for other machines.");
+    CLI::App* reference = app.add_subcommand("functions", "Prints what scripts can call, one function a line.");
 
     CommandLine() {
         app.footer(exit_codes);
@@ -62,8 +78,14 @@ struct CommandLine {
         app.allow_extras();
         define_play();
         define_render();
+        define_sheet();
         define_inspect();
+        define_scenario();
+        define_import();
         define_new();
+        define_functions();
+        define_fonts();
+        define_publish();
     }
 
     void define_module(CLI::App* command) {
@@ -83,7 +105,8 @@ struct CommandLine {
         render->add_option("PROJECT", render_options.project, "The project file")->required();
         render->add_option("--out", render_options.out, "The picture to write, a PNG file")->required();
         define_size(render);
-        render->add_option("--at", render_options.at, "The moment, in seconds after the start")->check(moment);
+        render->add_option("--at", render_options.at, "The moment, in seconds after the start of what starts by itself")
+            ->check(moment);
         render->add_flag("--running", render_options.running, "Run the project; without it the editor's look is drawn");
         render
             ->add_option("--mouse", mouse,
@@ -94,14 +117,73 @@ struct CommandLine {
         define_module(render);
         render->footer("Example: sgui render show.sgui --size 1920x1080 --mouse click:640,360 --at 1.5 --out show.png");
     }
+    void define_sheet() {
+        sheet->add_option("PROJECT", sheet_options.project, "The project file")->required();
+        sheet->add_option("--animation", sheet_options.animation, "The name of the animation")->required();
+        sheet->add_option("--out", sheet_options.out, "The picture to write, a PNG file")->required();
+        sheet->add_option("--frames", sheet_options.frames, "How many moments, from the first to the last")
+            ->check(CLI::Range(1, most_frames))
+            ->capture_default_str();
+        define_size(sheet);
+        define_module(sheet);
+    }
     void define_inspect() {
         inspect->add_option("PROJECT", inspect_options.project, "The project file")->required();
         inspect->add_flag("--json", inspect_options.json, "JSON instead of text");
         inspect->footer("Exit code 1 also where something is wrong with the project.");
     }
+    void define_scenario() {
+        scenario->add_option("SCENARIO", scenario_options.file, "The Lua file")->required();
+        scenario->add_option("--record", play_options.project,
+                             "Plays this project in a window and writes what the mouse does there to SCENARIO");
+        define_size(scenario);
+        scenario->footer(
+            "What stands behind SCENARIO is the list ARGS of the file.\n"
+            "Exit code 1 where the file, an expect or an assert in it fails. docs/scenarios.md tells all.");
+    }
+    void define_import() {
+        import->add_option("LEGACY", import_options.legacy, "The file of the old project, which stays as it is")
+            ->required();
+        import->add_option("--out", import_options.out, "The project file to write")->required();
+        define_size(import);
+        import->add_flag("--report", import_options.report, "List what does not come over as it was, and why");
+        define_module(import);
+        import->footer("docs/legacy-file.md tells what such a file holds.");
+    }
     void define_new() {
         create->add_option("FILE", new_options.file, "The file to write; it must not exist yet")->required();
         define_module(create);
+    }
+    void define_functions() {
+        const auto form = [this](const char* flag, FunctionsForm value, const char* text) {
+            return reference->add_flag_callback(
+                flag, [this, value] { functions_options.form = value; }, text);
+        };
+        CLI::Option* markdown = form("--markdown", FUNCTIONS_MARKDOWN, "A page by category");
+        CLI::Option* json = form("--json", FUNCTIONS_JSON, "Every field, in order of registration");
+        json->excludes(markdown);
+        form("--lua", FUNCTIONS_STUBS, "Annotated declarations for script editors")->excludes(markdown)->excludes(json);
+        define_module(reference);
+    }
+
+    void define_fonts() {
+        CLI::Option* pattern =
+            fonts->add_option("PATTERN", fonts_options.pattern, "Only names that hold this, in any case");
+        fonts->add_flag("--json", fonts_options.json, "JSON instead of text");
+        CLI::Option* why = fonts->add_option("--why", fonts_options.face,
+                                             "Explains how a font of this face is looked for: every name, in order");
+        fonts->add_option("--weight", fonts_options.weight, "Its weight: 400 is regular, 700 bold")
+            ->needs(why)
+            ->capture_default_str();
+        fonts->add_flag("--italic", fonts_options.italic, "It leans")->needs(why);
+        why->excludes(pattern);
+        fonts->footer(
+            "Exit code 1 where there is no such font. Example: sgui fonts --why \"DejaVu Sans\" --weight 700");
+    }
+    void define_publish() {
+        publish->add_option("PROJECT", publish_options.project, "The project file")->required();
+        define_module(publish);
+        publish->footer("Exit code 1 where a font can't be taken along.");
     }
 
     /// What was wrong with the command line, in one line.
@@ -118,9 +200,35 @@ struct CommandLine {
             return player::play(play_options);
         }
         if (*render) return run_render();
+        if (*sheet) {
+            parse_size(size, sheet_options.size);
+            sheet_options.module = module;
+            return player::sheet(sheet_options);
+        }
+        if (*import) {
+            parse_size(size, import_options.size);
+            import_options.module = module;
+            return player::import(import_options);
+        }
         if (*inspect) return player::inspect(inspect_options);
+        if (*scenario) return scenario->count("--record") > 0 ? record() : run_scenario(scenario_options);
+        if (*reference) {
+            functions_options.module = module;
+            return player::functions(functions_options);
+        }
+        if (*fonts) return list_fonts(fonts_options);
+        if (*publish) {
+            publish_options.module = module;
+            return player::publish(publish_options);
+        }
         new_options.module = module;
         return create_project(new_options);
+    }
+
+    int record() {
+        parse_size(size, play_options.size);
+        play_options.record = scenario_options.file;
+        return player::play(play_options);
     }
 
     int run_render() {
@@ -134,13 +242,21 @@ struct CommandLine {
     }
 };
 
+// What stands behind the file of `run` is the file's own, whatever it looks like; gives where that begins.
+int end_of_own_arguments(int argc, char** argv) {
+    const bool is_scenario = argc > 2 && std::string_view(argv[1]) == "run" && argv[2][0] != '-';
+    return is_scenario ? 3 : argc;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     try {
         CommandLine line;
+        const int own = end_of_own_arguments(argc, argv);
+        line.scenario_options.arguments.assign(argv + own, argv + argc);
         try {
-            line.app.parse(argc, argv);
+            line.app.parse(own, argv);
         } catch (const CLI::ParseError& error) {
             // Help and version are answers; everything else is one line that names what was wrong.
             if (error.get_exit_code() == 0) return line.app.exit(error);

@@ -1,6 +1,10 @@
 #include <SDL.h>
 
+#include <chrono>
+#include <cmath>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <optional>
 
@@ -9,6 +13,7 @@
 #include "player/commands.h"
 #include "player/notice.h"
 #include "player/progress.h"
+#include "player/scenario_library.h"
 
 namespace player {
 
@@ -60,8 +65,9 @@ bool open_video(std::string& reason) {
 /// The window's loop: events in, frames out.
 class Player {
 public:
-    Player(Session& session, SDL_Window* window, const PlayOptions& options)
-        : m_session(session), m_window(window), m_options(options) {
+    /// `recorder` may be null.
+    Player(Session& session, SDL_Window* window, const PlayOptions& options, scenario::Recorder* recorder)
+        : m_session(session), m_window(window), m_options(options), m_recorder(recorder) {
         host::Engine& engine = session.engine();
         engine.scripts().on_error = [this](const std::string& line) {
             std::cerr << "sgui: script: " << line << '\n';
@@ -74,25 +80,44 @@ public:
     }
 
     void run() {
-        m_session.engine().start_run();
+        m_session.begin_show();
+        if (m_recorder) m_recorder->began(m_options.project, host::now());
         for (int frame = 0; !m_quit && (m_options.frames == 0 || frame < m_options.frames); ++frame) {
+            if (m_recorder) step_clock();
+            m_session.engine().frame(host::now());
             SDL_Event event;
             while (!m_quit && SDL_PollEvent(&event)) handle(event);
-            m_session.engine().frame(host::now());
         }
         m_session.engine().stop_run();
     }
 
 private:
+    // A recording must be able to say each moment exactly, so its clock goes in whole milliseconds and stands between
+    // a frame and the events behind it.
+    void step_clock() {
+        const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - m_start;
+        host::set_time(std::floor(elapsed.count()) / 1000.0);
+    }
+
+    void mouse(InputKind kind, int x, int y) {
+        if (m_recorder) m_recorder->before_mouse();
+        m_session.engine().mouse(kind, x, y);
+        if (m_recorder) m_recorder->after_mouse(kind, x, y, host::now());
+    }
+
+    void resize(int width, int height) {
+        m_session.engine().resize(width, height);
+        if (m_recorder) m_recorder->resized(width, height, host::now());
+    }
+
     void handle(const SDL_Event& event) {
-        host::Engine& engine = m_session.engine();
         switch (event.type) {
             case SDL_QUIT:
                 m_quit = true;
                 break;
             case SDL_WINDOWEVENT:
                 if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED) {
-                    engine.resize(event.window.data1, event.window.data2);
+                    resize(event.window.data1, event.window.data2);
                 }
                 break;
             case SDL_KEYDOWN:
@@ -102,7 +127,7 @@ private:
             case SDL_MOUSEMOTION:
                 // The tool only ever shows the hand, so the arrow comes back here, ahead of what the move finds.
                 SDL_SetCursor(SDL_GetDefaultCursor());
-                engine.mouse(InputKind::MOVE, event.motion.x, event.motion.y);
+                mouse(InputKind::MOVE, event.motion.x, event.motion.y);
                 break;
             case SDL_MOUSEBUTTONDOWN:
             case SDL_MOUSEBUTTONUP:
@@ -117,8 +142,8 @@ private:
         const auto kinds = kinds_of(event.button);
         if (!kinds) return;
         const bool down = event.state == SDL_PRESSED;
-        m_session.engine().mouse(down ? kinds->down : kinds->up, event.x, event.y);
-        if (down && event.clicks == 2) m_session.engine().mouse(kinds->twice, event.x, event.y);
+        mouse(down ? kinds->down : kinds->up, event.x, event.y);
+        if (down && event.clicks == 2) mouse(kinds->twice, event.x, event.y);
     }
 
     // What the author has just saved is seen at once; a file with a mistake leaves the show as it was.
@@ -135,14 +160,42 @@ private:
         int height = 0;
         SDL_GetWindowSize(m_window, &width, &height);
         engine.resize(width, height);
-        engine.start_run();
+        m_session.begin_show();
+        if (m_recorder) m_recorder->began(m_options.project, host::now());
     }
 
     Session& m_session;
     SDL_Window* m_window;
     const PlayOptions& m_options;
+    scenario::Recorder* m_recorder;
+    const std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     Notice m_notice;
     bool m_quit = false;
+};
+
+/// What is recorded goes to its file when the playing ends.
+struct Recording {
+    ScenarioLibrary library;
+    std::unique_ptr<scenario::Recorder> recorder;
+
+    bool begin(const std::string& file, host::Engine& engine, std::string& error) {
+        std::error_code ignored;
+        if (std::filesystem::exists(file, ignored)) {
+            error = file + ": there is such a file already; nothing was changed";
+            return false;
+        }
+        if (!library.load(error)) return false;
+        recorder.reset(library.make_recorder(engine));
+        host::use_settable_time(0.0);
+        return true;
+    }
+    bool end(const std::string& file, std::string& error) const {
+        std::ofstream out(file, std::ios::binary);
+        out << recorder->text(host::now());
+        if (out.flush()) return true;
+        error = file + ": can't be written";
+        return false;
+    }
 };
 
 }  // namespace
@@ -165,7 +218,10 @@ int play(const PlayOptions& options) {
         const Progress progress("Opening " + options.project);
         if (!session->open(options.project, options.size, error)) return fail(error);
     }
-    Player(*session, window.get(), options).run();
+    Recording recording;
+    if (!options.record.empty() && !recording.begin(options.record, session->engine(), error)) return fail(error);
+    Player(*session, window.get(), options, recording.recorder.get()).run();
+    if (!options.record.empty() && !recording.end(options.record, error)) return fail(error);
     return EXIT_DONE;
 }
 

@@ -36,13 +36,18 @@ int render(const RenderOptions& options) {
     const auto session = Session::start(host::SdlDevice::in_memory(), options.module, error);
     if (!session || !session->open(options.project, options.size, error)) return fail(error);
     host::Engine& engine = session->engine();
-    if (options.running || !options.mouse.empty()) engine.start_run();
-    engine.frame(0.0);
+    engine.scripts().repeatable = true;
+    if (options.running || !options.mouse.empty()) {
+        session->begin_show();
+    } else {
+        if (options.at) engine.animations().start_those_that_start_by_themselves();
+        engine.frame(0.0);
+    }
     for (const MouseAction& action : options.mouse) {
         act(engine, action);
         engine.frame(0.0);
     }
-    run_until(engine, options.at);
+    run_until(engine, options.at.value_or(0.0));
     if (!session->device().save_png(options.out, error)) return fail(error);
     if (!options.save.empty() && !engine.save_project(options.save, error)) return fail(error);
     return EXIT_DONE;

@@ -1,30 +1,19 @@
 #include "player/session.h"
 
 #include <charconv>
-#include <filesystem>
 #include <iostream>
 
+#include "engine/numbers.h"
+#include "host/core/clock.h"
 #include "host/core/default_font.h"
+#include "player/font_warnings.h"
+#include "player/libraries.h"
 
 namespace player {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr int largest_size = 16384;
-
-// Beside the program, as the build lays it, and where an installation puts libraries.
-std::string module_beside_program() {
-    std::error_code ignored;
-    const fs::path folder = fs::read_symlink("/proc/self/exe", ignored).parent_path();
-    const fs::path name = "libsimple_gui.so";
-    for (const char* place : {"../lib", ".", "../lib/x86_64-linux-gnu", "../lib/aarch64-linux-gnu", "../lib64"}) {
-        const fs::path candidate = folder / place / name;
-        if (fs::exists(candidate, ignored)) return candidate.lexically_normal().string();
-    }
-    return name.string();
-}
 
 bool parse_pixels(std::string_view text, int& value) {
     const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -58,15 +47,27 @@ std::unique_ptr<Session> Session::start(std::unique_ptr<host::SdlDevice> device,
     }
     std::unique_ptr<Session> session(new Session(std::move(device)));
     host::Engine& engine = session->engine();
-    if (!engine.load_module(module_path.empty() ? module_beside_program() : module_path, error)) return nullptr;
+    if (!engine.load_module(module_path.empty() ? library_beside_program("libsimple_gui.so") : module_path, error))
+        return nullptr;
     return session;
 }
 
 bool Session::open(const std::string& path, ViewSize size, std::string& error) {
+    const FontWarnings fonts;
     m_engine->new_project(size.width, size.height);
     if (!m_engine->open_project(path, error)) return false;
+    for (const std::string& warning : fonts.all()) std::cerr << "sgui: warning: " << warning << '\n';
     for (const std::string& warning : m_engine->warnings()) std::cerr << "sgui: warning: " << warning << '\n';
     return true;
+}
+
+// A GUI that is hidden stays so in this one state of the engine; a fresh project begins hidden and is shown by the
+// first frame in any other.
+void Session::begin_show() {
+    m_engine->m_system_state = 0;
+    m_engine->start_run();
+    m_engine->frame(host::now());
+    m_engine->m_system_state = SYSTEM_STATE_FOUR;
 }
 
 }  // namespace player

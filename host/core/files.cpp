@@ -1,12 +1,15 @@
 #include <system_error>
 
 #include "engine/services.h"
+#include "host/core/folder_sink.h"
 #include "host/core/native_path.h"
 
 namespace {
 
 // Both count on every system, for projects travel between systems.
 constexpr wchar_t separators[] = L"/\\";
+
+std::function<void(const std::wstring& path)> folder_sink;
 
 std::wstring text_of(const wchar_t* path) { return path ? path : L""; }
 
@@ -39,7 +42,10 @@ bool filefun::file_exist(const wchar_t* path) {
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
+void host::set_folder_sink(std::function<void(const std::wstring& path)> sink) { folder_sink = std::move(sink); }
+
 void filefun::create_path(const wchar_t* path) {
+    if (folder_sink) folder_sink(text_of(path));
     std::error_code ignored;
     std::filesystem::create_directories(host::native_path(text_of(path)), ignored);
 }

@@ -1,5 +1,7 @@
 #include "engine/font.h"
 
+#include <algorithm>
+
 #include "host/core/device.h"
 #include "host/core/font_face.h"
 
@@ -19,3 +21,32 @@ void IBaseFont::create_font_from_file(const wchar_t* path, unsigned size) { m_fa
 
 int IBaseFont::get_height() const { return m_face ? m_face->height : 0; }
 bool IBaseFont::is_italic() const { return m_face && m_face->italic; }
+
+namespace host {
+
+namespace {
+
+// A class below the font may look at its face.
+struct OpenFont final : IBaseFont {
+    using IBaseFont::IBaseFont;
+
+    static const Face* face_of(const IBaseFont& font) { return (font.*&OpenFont::m_face).get(); }
+    void style(int height, bool italic) {
+        m_face->height = height;
+        m_face->italic = italic;
+        if (m_face->font) TTF_SetFontStyle(m_face->font, italic ? TTF_STYLE_ITALIC : TTF_STYLE_NORMAL);
+    }
+};
+
+}  // namespace
+
+const IBaseFont::Face* face_of(const IBaseFont* font) { return font ? OpenFont::face_of(*font) : nullptr; }
+
+CMyComPtr<IBaseFont> make_font(IBaseDevice* device, const std::wstring& path, int height, bool italic) {
+    CMyComPtr<OpenFont> font(new OpenFont(device));
+    font->create_font_from_file(path.c_str(), static_cast<unsigned>(std::max(height, 0)));
+    font->style(height, italic);
+    return font.get();
+}
+
+}  // namespace host

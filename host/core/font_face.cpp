@@ -50,8 +50,8 @@ std::unique_ptr<IBaseFont::Face> IBaseFont::Face::from_memory(const void* image,
 
 std::unique_ptr<IBaseFont::Face> IBaseFont::Face::from_file(const wchar_t* path, unsigned height) {
     auto face = std::make_unique<Face>(height);
+    if (path) face->path = path;
     if (!path || !face->can_open()) return face;
-    face->path = path;
     const std::u8string file = host::native_path(face->path).u8string();
     face->adopt(TTF_OpenFontIndex(reinterpret_cast<const char*>(file.c_str()), face->height, 0));
     return face;

@@ -37,3 +37,12 @@ private:
     std::vector<std::uint8_t> m_image;
     bool m_library_ready;
 };
+
+namespace host {
+
+/// What the engine keeps of the font; null for no font and for one that was never made.
+const IBaseFont::Face* face_of(const IBaseFont* font);
+/// A font that stands upright or leans whatever its file says. `height` in pixels; what is below 1 draws nothing.
+CMyComPtr<IBaseFont> make_font(IBaseDevice* device, const std::wstring& path, int height, bool italic);
+
+}  // namespace host

@@ -2,6 +2,7 @@
 
 #include <SDL2/SDL_image.h>
 
+#include <cerrno>
 #include <climits>
 #include <cstring>
 #include <fstream>
@@ -97,6 +98,16 @@ std::shared_ptr<const Picture> read_picture(const std::filesystem::path& path) {
         std::memcpy(picture->argb.data() + row * width, from, width * sizeof(std::uint32_t));
     }
     return picture;
+}
+
+bool write_png(const std::string& path, std::vector<std::uint32_t>& argb, int width, std::string& error) {
+    const int height = static_cast<int>(argb.size()) / width;
+    const SdlSurface surface(SDL_CreateRGBSurfaceWithFormatFrom(
+        argb.data(), width, height, 32, width * int{sizeof(std::uint32_t)}, SDL_PIXELFORMAT_RGB888));
+    errno = 0;
+    if (surface && IMG_SavePNG(surface.get(), path.c_str()) == 0) return true;
+    error = path + ": the picture could not be written: " + (errno ? std::strerror(errno) : SDL_GetError());
+    return false;
 }
 
 }  // namespace host

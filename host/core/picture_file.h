@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace host {
@@ -22,5 +23,9 @@ std::shared_ptr<const Picture> make_clear_picture(unsigned width, unsigned heigh
 
 /// PNG, JPEG, BMP, TGA or WebP, known by the content whatever the name says. Null if the file is missing or is none.
 std::shared_ptr<const Picture> read_picture(const std::filesystem::path& path);
+
+/// `argb` row by row from the top, alpha not written; as many pixels as whole rows of that width. `path` is UTF-8.
+/// False and a reason if the file could not be written.
+bool write_png(const std::string& path, std::vector<std::uint32_t>& argb, int width, std::string& error);
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/animation.h"
 #include "engine/guid.h"
 #include "host/core/project_tree.h"
 
@@ -24,12 +25,33 @@ struct ProjectItem {
     int line = 0;
 };
 
+/// One node of an animation as a project stores it.
+struct ProjectAnimNode {
+    unsigned type = 0;
+    /// Of the item that it animates, which need not be in the project.
+    CGuid item;
+    /// What the node wrote.
+    ProjectNode data{"anim_node"};
+    /// As in ProjectItem.
+    int line = 0;
+};
+
+/// One animation as a project stores it.
+struct ProjectAnimation {
+    tstringW name;
+    anim_info info;
+    bool starts_by_itself = false;
+    std::vector<ProjectAnimNode> nodes;
+    int line = 0;
+};
+
 /// A whole project without anything live behind it.
 struct ProjectDocument {
     /// One child for each module, of the module's name.
     ProjectNode modules{"modules"};
     /// In the order in which they are read back; parents stand ahead of their children.
     std::vector<ProjectItem> items;
+    std::vector<ProjectAnimation> animations;
 };
 
 }  // namespace host

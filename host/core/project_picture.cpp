@@ -32,6 +32,9 @@ fs::path whole(const fs::path& path) {
     return (code ? path : absolute).lexically_normal();
 }
 
+// Modules put a word in the place of a path that leads nowhere; no folder belongs in front of it.
+bool is_word(const std::wstring& file_name) { return file_name.find_first_of(L"./\\") == std::wstring::npos; }
+
 IBaseItem* create_picture(XSystem* system) { return new PictureItem(system ? system->render_device : nullptr); }
 
 }  // namespace
@@ -62,8 +65,9 @@ PictureItem::PictureItem(IBaseDevice* device) : m_device(device) {
 void PictureItem::save_to_node(pack_node* node, const save_operation& operation) {
     ITexture::save_to_node(node, operation);
     const std::string path = to_utf8(file_name);
-    node->add_string_property(
-        file_name_key, from_utf8(operation.to_file ? stored_picture_path(path, operation.project_folder) : path));
+    const bool is_path = operation.to_file && (m_device_side || !is_word(file_name));
+    node->add_string_property(file_name_key,
+                              from_utf8(is_path ? stored_picture_path(path, operation.project_folder) : path));
     if (tex_kind != usual_kind) node->add_property(kind_key, PAK_INT, &tex_kind);
     if (tex_option != usual_option) node->add_property(option_key, PAK_INT, &tex_option);
 }

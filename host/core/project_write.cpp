@@ -52,6 +52,7 @@ public:
         open_section("items");
         for (const ProjectItem& item : document.items) write_item(item);
         close("items");
+        if (!document.animations.empty()) write_animations(document.animations);
         return m_out + "</project>\n";
     }
 
@@ -90,6 +91,40 @@ private:
         attribute("visible", item.visible ? "1" : "0");
         attribute("flag", std::to_string(item.flag));
         write_inside("item", item.data);
+    }
+
+    void write_animations(const std::vector<ProjectAnimation>& animations) {
+        open_section("animations");
+        for (const ProjectAnimation& animation : animations) write_animation(animation);
+        close("animations");
+    }
+
+    void write_animation(const ProjectAnimation& animation) {
+        indent();
+        m_out += "<animation";
+        text_attribute("name", to_xml_text(animation.name));
+        attribute("length", format_value(animation.info.length));
+        attribute("rate", format_value(animation.info.rate));
+        attribute("mode_flag", format_value(animation.info.mode_flag));
+        attribute("mode_count", format_value(animation.info.mode_count));
+        attribute("factor", format_value(animation.info.factor));
+        attribute("start", animation.starts_by_itself ? "1" : "0");
+        if (animation.nodes.empty()) {
+            m_out += "/>\n";
+            return;
+        }
+        m_out += ">\n";
+        ++m_depth;
+        for (const ProjectAnimNode& node : animation.nodes) write_anim_node(node);
+        close("animation");
+    }
+
+    void write_anim_node(const ProjectAnimNode& node) {
+        indent();
+        m_out += "<anim_node";
+        attribute("type", std::to_string(node.type));
+        if (!node.item.is_empty()) attribute("item", format_guid(node.item));
+        write_inside("anim_node", node.data);
     }
 
     void write_inside(const char* element, const ProjectNode& node) {

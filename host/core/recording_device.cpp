@@ -11,12 +11,14 @@ namespace {
 
 class RecordedTexture : public IDeviceTexture {
 public:
-    RecordedTexture(std::wstring texture_name, unsigned texture_width, unsigned texture_height)
-        : name(std::move(texture_name)) {
+    RecordedTexture(std::wstring texture_name, std::wstring texture_path, unsigned texture_width,
+                    unsigned texture_height)
+        : name(std::move(texture_name)), path(std::move(texture_path)) {
         width = texture_width;
         height = texture_height;
     }
     std::wstring name;
+    std::wstring path;
 };
 
 }  // namespace
@@ -47,7 +49,7 @@ CMyComPtr<IDeviceTexture> RecordingDevice::create_device_texture_ex(unsigned lon
     call.height = height;
     call.usage = usage;
     call.format = format;
-    return new RecordedTexture(L"target", width, height);
+    return new RecordedTexture(L"target", {}, width, height);
 }
 
 void RecordingDevice::draw_solid_rect(const tagRECT& rect, const VEC4& color, x3d_blend_desc blend) {
@@ -68,7 +70,10 @@ void RecordingDevice::draw_texture_to_rect(const tagRECT& rect, CMyComPtr<IDevic
     if (!texture) return;
     call.width = texture->width;
     call.height = texture->height;
-    if (const auto* recorded = dynamic_cast<const RecordedTexture*>(texture.get())) call.text = recorded->name;
+    if (const auto* recorded = dynamic_cast<const RecordedTexture*>(texture.get())) {
+        call.text = recorded->name;
+        call.path = recorded->path;
+    }
 }
 
 void RecordingDevice::draw_pline_with_pattern(const std::vector<VEC2>& points, const VEC4& color, float width,
@@ -96,7 +101,7 @@ void RecordingDevice::draw_text(IBaseFont::Face& face, int x, int y, const VEC4&
 CMyComPtr<IDeviceTexture> RecordingDevice::make_texture(const std::wstring& path) {
     const auto picture = read_picture(native_path(path));
     if (!picture) return {};
-    return new RecordedTexture(filefun::get_pure_filename(path.c_str(), true), picture->width, picture->height);
+    return new RecordedTexture(filefun::get_pure_filename(path.c_str(), true), path, picture->width, picture->height);
 }
 
 }  // namespace host

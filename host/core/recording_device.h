@@ -24,8 +24,10 @@ struct DrawCall {
     /// TEXT: the text. TEXTURE: the file name without folders, "" for a picture without a device side, "target" for one
     /// made by create_device_texture_ex.
     std::wstring text;
+    /// TEXTURE: the whole path of the picture; empty for a target and for a picture without a device side.
+    std::wstring path;
     /// TEXT only. Not owned; never followed by this device.
-    const IBaseFont::Face* face = nullptr;
+    IBaseFont::Face* face = nullptr;
     /// TEXT: a font_org_position.
     int position = 0;
     /// LINE

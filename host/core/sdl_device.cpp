@@ -1,9 +1,6 @@
 #include "host/core/sdl_device.h"
 
-#include <SDL2/SDL_image.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -11,6 +8,7 @@
 #include "host/core/byte_color.h"
 #include "host/core/clipping.h"
 #include "host/core/patterned_line.h"
+#include "host/core/picture_file.h"
 #include "host/core/sdl_pictures.h"
 #include "host/core/sdl_text.h"
 
@@ -208,13 +206,7 @@ bool SdlDevice::save_png(const std::string& path, std::string& error) {
         error = "there is no frame to write: the view is empty or too large";
         return false;
     }
-    const int width = m_frame_size.right;
-    const SdlSurface surface(SDL_CreateRGBSurfaceWithFormatFrom(
-        pixels.data(), width, m_frame_size.bottom, 32, width * int{sizeof(std::uint32_t)}, SDL_PIXELFORMAT_RGB888));
-    errno = 0;
-    if (surface && IMG_SavePNG(surface.get(), path.c_str()) == 0) return true;
-    error = path + ": the picture could not be written: " + (errno ? std::strerror(errno) : SDL_GetError());
-    return false;
+    return write_png(path, pixels, m_frame_size.right, error);
 }
 
 std::uint64_t SdlDevice::uploads() const { return m_pictures->uploads() + m_text->uploads(); }

@@ -31,7 +31,7 @@ void Actor::set_parent(IActor* parent) {
     if (m_scene.on_parent_changed) m_scene.on_parent_changed(*this, parent);
     if (!parent) {
         // What is out of the tree has no way back into it, so it ends here; nothing of it is touched any more.
-        m_scene.delete_actor(this);
+        m_scene.destroy_tree(this);
         return;
     }
     Scene::unlink(*this);

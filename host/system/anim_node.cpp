@@ -2,17 +2,38 @@
 
 #include "host/system/animation.h"
 
-// What every track and every animation node does by itself. Storing: the identifier of the item, and one child "track"
-// for each track with its type and what the track writes.
+// What every track and every animation node does by itself. Storing: one child "track" for each track, with its type
+// and what the track writes. Type and item of the node are stored with it by the project file.
 
 namespace {
 
-constexpr const char* item_id_key = "m_internal_item_id";
 constexpr const char* tracks_name = "tracks";
 constexpr const char* track_name = "track";
 constexpr const char* track_type_key = "track_type";
 
+// Takes an empty track of that type out of the list; null if there is none.
+ITrack* take_empty_track(std::vector<ITrack*>& tracks, int type) {
+    const auto found = std::find_if(tracks.begin(), tracks.end(), [type](ITrack* track) {
+        return track->get_track_type() == type && track->get_key_count() == 0;
+    });
+    if (found == tracks.end()) return nullptr;
+    ITrack* const track = *found;
+    tracks.erase(found);
+    return track;
+}
+
 }  // namespace
+
+std::string host::unknown_track(const ProjectNode& data) {
+    const ProjectNode* tracks = data.child(tracks_name);
+    if (!tracks) return {};
+    for (const auto& place : tracks->children()) {
+        int type = 0;
+        if (!place->get_property(track_type_key, PAK_INT, &type)) return std::string("no ") + track_type_key;
+        if (!find_track_kind(static_cast<unsigned>(type))) return "type " + std::to_string(type);
+    }
+    return {};
+}
 
 ITrack::ITrack() = default;
 ITrack::~ITrack() = default;
@@ -35,7 +56,6 @@ CAnimNodeBase::~CAnimNodeBase() {
 
 void CAnimNodeBase::save_to_node(pack_node* node, const save_operation& operation) {
     IAnimNode::save_to_node(node, operation);
-    node->add_string_property(item_id_key, m_internal_item_id.to_text());
     pack_node* tracks = node->add_child(tracks_name);
     for (ITrack* track : m_tracks) {
         pack_node* place = tracks->add_child(track_name);
@@ -45,19 +65,29 @@ void CAnimNodeBase::save_to_node(pack_node* node, const save_operation& operatio
     }
 }
 
-// The stored tracks take the place of those that the node was made with.
+// The stored tracks take the place of those that the node was made with. An empty one of the stored type is used again:
+// nodes may remember the tracks that they have made.
 void CAnimNodeBase::on_parse(pack_node* node, const load_operation& operation) {
     IAnimNode::on_parse(node, operation);
-    tstringW id;
-    if (node->get_string_property(item_id_key, id)) m_internal_item_id = CGuid(id.c_str());
     pack_node* tracks = node->find_child(tracks_name);
     if (!tracks) return;
-    while (!m_tracks.empty()) remove_track(m_tracks.back());
+    std::vector<ITrack*> former;
+    former.swap(m_tracks);
     for (pack_node* place : *tracks->get_children()) {
         int type = 0;
         if (!place->get_property(track_type_key, PAK_INT, &type)) continue;
-        if (ITrack* track = add_track(static_cast<unsigned>(type))) track->on_parse(place, operation);
+        ITrack* track = take_empty_track(former, type);
+        if (track) {
+            m_tracks.push_back(track);
+        } else {
+            track = add_track(static_cast<unsigned>(type));
+        }
+        if (!track) continue;
+        track->on_parse(place, operation);
+        // A track may store a number of its own; what it was made as is what it is.
+        track->set_track_type(type);
     }
+    for (ITrack* track : former) track->Release();
 }
 
 ITrack* CAnimNodeBase::add_track(unsigned type) {

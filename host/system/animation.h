@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/animation.h"
+#include "host/core/project_tree.h"
 
 namespace host {
 
@@ -31,5 +32,7 @@ void forget_anim_kinds(const void* owner);
 /// Null for an unknown type. Valid until the next registration.
 const AnimNodeKind* find_anim_node_kind(unsigned type);
 const TrackKind* find_track_kind(unsigned type);
+/// The first track in what an animation node has stored that no one could make again, in words; empty if there is none.
+std::string unknown_track(const ProjectNode& data);
 
 }  // namespace host

@@ -5,7 +5,7 @@
 
 #include "host/core/item_store.h"
 #include "host/core/text_conversion.h"
-#include "host/system/scene_functions.h"
+#include "host/system/engine_functions.h"
 #include "host/system/script_function.h"
 
 namespace host {
@@ -26,6 +26,7 @@ Engine::Engine(Device& device, const std::wstring& font_path, unsigned font_size
     m_message_manager = &m_messages;
     m_selection_manager = &m_selection;
     m_script_manager = &m_scripts;
+    m_anim_manager = &m_animations;
     render_device = &device;
     m_renderfun = &device;
     if (!font_path.empty()) {
@@ -33,7 +34,7 @@ Engine::Engine(Device& device, const std::wstring& font_path, unsigned font_size
         m_font->create_font_from_file(font_path.c_str(), font_size);
         default_font = m_font.get();
     }
-    m_scripts.set_extra_functions(&add_scene_functions, this);
+    m_scripts.set_extra_functions(&add_engine_functions, this);
     m_scripts.owner_name = [this](const CGuid& id) {
         const Actor* actor = m_scene.find_any(id);
         return actor ? std::wstring(actor->get_name()) : std::wstring();
@@ -83,6 +84,7 @@ void Engine::tell_size_changed() {
 
 void Engine::frame(double seconds) {
     const render_context context{std::max(m_client.Width(), 0), std::max(m_client.Height(), 0), seconds};
+    const bool moving = m_animations.step();
     each_module([](IBaseModule& module) { module.frame_move(); });
     m_device.begin_frame(context.width, context.height);
     each_module([&context](IBaseModule& module) { module.before_render_in_view(context); });
@@ -92,12 +94,16 @@ void Engine::frame(double seconds) {
     each_module([&context](IBaseModule& module) { module.after_render_in_view(context); });
     if (draw_overlay) draw_overlay(m_device, context);
     m_device.end_frame();
+    if (moving) request_view_update();
 }
 
 void Engine::start_run() {
     if (m_running) return;
     m_scripts.reset();
     m_running = true;
+    // Their first moment comes ahead of the run, which takes what it finds as the state to fade from.
+    m_animations.start_those_that_start_by_themselves();
+    m_animations.step();
     each_module([](IBaseModule& module) { module.prepare_run(); });
 }
 
@@ -110,6 +116,7 @@ void Engine::end_run() {
     m_stop_pending = false;
     if (!m_running) return;
     m_running = false;
+    m_animations.stop_all();
     each_module([](IBaseModule& module) { module.after_run(); });
 }
 
@@ -131,6 +138,7 @@ bool Engine::input(const SInputEvent& event) {
 // Modules go last, since items must not outlive the code that made them; scripts know functions of the module.
 void Engine::close() {
     end_run();
+    m_animations.clear();
     m_scene.clear();
     m_scripts.forget_functions();
     each_module([this](IBaseModule& module) {

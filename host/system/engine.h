@@ -15,6 +15,7 @@
 #include "host/core/project_document.h"
 #include "host/core/project_picture.h"
 #include "host/core/scene_view.h"
+#include "host/system/animations.h"
 #include "host/system/input.h"
 #include "host/system/messages.h"
 #include "host/system/module_library.h"
@@ -32,6 +33,8 @@ struct render_context {
 };
 
 namespace host {
+
+class LegacyProject;
 
 class Engine final : public XSystem {
 public:
@@ -52,6 +55,8 @@ public:
     /// The first loaded module, or null.
     IBaseModule* module() const;
 
+    /// The default font from the next new_project on.
+    void set_default_font(const CMyComPtr<IBaseFont>& font) { m_next_font = font; }
     /// An empty project in a view of that size.
     void new_project(int width, int height);
     /// False: `error` is one line, and the open project is as it was. What is missing without being an error (pictures)
@@ -59,23 +64,33 @@ public:
     bool open_project(const std::string& path, std::string& error);
     /// The same from a document; `path` only names its file and the folder of its pictures, and may be empty.
     bool open_document(const ProjectDocument& document, const std::string& path, std::string& error);
+    /// A project of the legacy format, in the present view, in the place of the open one. False as above; the project
+    /// has no file of its own until it is saved, but belongs to the folder of the old one.
+    bool import_project(const std::string& path, std::string& error);
+    /// The same from a tree, which is only read.
+    bool import_tree(LegacyProject& legacy, std::string& error);
     /// The project then belongs to that file. False: the old file stands, `error` says why.
     bool save_project(const std::string& path, std::string& error);
     /// What save_project would write; `path` as in open_document.
     ProjectDocument document(const std::string& path = {});
     const std::vector<std::string>& warnings() const { return m_warnings; }
 
+    /// From now on project_file_path is this, whatever is opened or saved: for a caller that plays another engine.
+    void fix_project_path(const tstringW& path);
+
     /// The view takes this size and the modules are told. Negative sizes count as 0.
     void resize(int width, int height);
     /// The same in two steps, for those who want one of them alone.
     void set_client_rect(const CRect& rect) { m_client = rect; }
     void tell_size_changed();
-    /// One frame; `seconds` is the moment of the 3D scene.
+    /// One frame, with the animations at the clock's present; `seconds` is the moment of the 3D scene.
     void frame(double seconds);
 
     void start_run();
     /// Inside an event the end waits until the event is through, since the tool that hears it would be destroyed.
     void stop_run();
+    /// The same at once, whatever is on its way: for a caller that knows its modules to bear it.
+    void end_run();
     bool is_running() const { return m_running; }
     /// In view pixels. True if a listener used the event.
     bool mouse(InputKind kind, int x, int y, unsigned flags = 0);
@@ -86,10 +101,13 @@ public:
 
     Device& device() { return m_device; }
     Scene& scene() { return m_scene; }
+    const Scene& scene() const { return m_scene; }
     MessageManager& messages() { return m_messages; }
     SelectionManager& selection() { return m_selection; }
     InputManager& input_chain() { return m_input; }
     ScriptManager& scripts() { return m_scripts; }
+    /// Those that start by themselves play from start_run to stop_run; each frame shows all that play.
+    Animations& animations() { return m_animations; }
     /// How the 3D scene looks; scripts change it.
     SceneLook look;
     /// The look that a new project begins with.
@@ -107,18 +125,21 @@ public:
 private:
     template <class Call>
     void each_module(Call call);
-    bool check_kinds(const ProjectDocument& document, const std::string& path, std::string& error) const;
+    void set_project_path(const std::string& path);
+    bool can_open(const std::string& path, std::string& error) const;
+    static bool check_kinds(const ProjectDocument& document, const std::string& path, std::string& error);
     void clean_project();
     void fill(const ProjectDocument& document, const std::string& path);
     void create_item(const ProjectItem& stored, load_operation& operation);
+    void create_animation(const ProjectAnimation& stored, load_operation& operation);
     void save_modules(ProjectDocument& document, const save_operation& operation);
     struct SavedIds {
         std::set<CGuid> used;
         std::map<const IActor*, CGuid> of_actor;
     };
     void save_item(const Actor& actor, SavedIds& ids, ProjectDocument& document, const save_operation& operation);
-    void save_items(ProjectDocument& document, const save_operation& operation);
-    void end_run();
+    void save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation);
+    void save_animations(const SavedIds& ids, ProjectDocument& document, const save_operation& operation);
 
     Device& m_device;
     CRect m_client;
@@ -127,13 +148,17 @@ private:
     Scene m_scene;
     InputManager m_input;
     ScriptManager m_scripts;
+    Animations m_animations;
     ResourceManager m_resources;
     CMyComPtr<IBaseFont> m_font;
+    /// Waits for new_project; null while none waits.
+    CMyComPtr<IBaseFont> m_next_font;
     std::vector<std::unique_ptr<ModuleLibrary>> m_modules;
     std::vector<std::string> m_warnings;
     int m_event_depth = 0;
     bool m_running = false;
     bool m_stop_pending = false;
+    bool m_path_is_fixed = false;
 };
 
 }  // namespace host

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "host/core/item_store.h"
+#include "host/core/legacy_file.h"
 #include "host/core/project_file.h"
 #include "host/core/text_conversion.h"
+#include "host/system/animation.h"
 #include "host/system/engine.h"
 
 namespace host {
@@ -13,15 +16,29 @@ namespace host {
 void Engine::clean_project() {
     end_run();
     m_selection.select({});
+    m_animations.clear();
     m_scene.clear();
     m_warnings.clear();
     look = first_look();
     for (const auto& library : m_modules) library->module().on_clean_project();
 }
 
+void Engine::set_project_path(const std::string& path) {
+    if (!m_path_is_fixed) project_file_path = from_utf8(path);
+}
+
+void Engine::fix_project_path(const tstringW& path) {
+    project_file_path = path;
+    m_path_is_fixed = true;
+}
+
 void Engine::new_project(int width, int height) {
     m_client = {0, 0, std::max(width, 0), std::max(height, 0)};
-    project_file_path.clear();
+    set_project_path({});
+    // The modules may know the former one up to their clean project.
+    const CMyComPtr<IBaseFont> former = m_font;
+    if (m_next_font) m_font = std::exchange(m_next_font, {});
+    default_font = m_font.get();
     clean_project();
 }
 
@@ -30,26 +47,65 @@ bool Engine::open_project(const std::string& path, std::string& error) {
     return read_project(path, document, error) && open_document(document, path, error);
 }
 
+namespace {
+
+// Where something stands: a line of the file, or, made in memory, what bears a name of its own.
+std::string place_of(const std::string& path, int line, const tstringW& name) {
+    if (line > 0) return path + ":" + std::to_string(line) + ": ";
+    return "\"" + to_utf8(name) + "\": ";
+}
+
+}  // namespace
+
 // Checked as a whole ahead of the first touch, so that a project which can't be opened costs no open one.
-bool Engine::check_kinds(const ProjectDocument& document, const std::string& path, std::string& error) const {
-    for (const ProjectItem& item : document.items) {
-        if (find_item_kind(item.type)) continue;
-        error = path + ":" + std::to_string(item.line) + ": unknown kind of item (found type " +
-                std::to_string(item.type) + ", expected one that a loaded module or the engine makes)";
+bool Engine::check_kinds(const ProjectDocument& document, const std::string& path, std::string& error) {
+    const auto complain = [&error](const std::string& place, const char* what, const std::string& found) {
+        error = place + "unknown kind of " + what + " (found " + found +
+                ", expected one that a loaded module or the engine makes)";
         return false;
+    };
+    for (const ProjectItem& item : document.items) {
+        if (!find_item_kind(item.type))
+            return complain(place_of(path, item.line, item.name), "item", "type " + std::to_string(item.type));
+    }
+    for (const ProjectAnimation& animation : document.animations) {
+        for (const ProjectAnimNode& node : animation.nodes) {
+            const std::string place = place_of(path, node.line, animation.name);
+            if (!find_anim_node_kind(node.type))
+                return complain(place, "animation node", "type " + std::to_string(node.type));
+            const std::string unknown = unknown_track(node.data);
+            if (!unknown.empty()) return complain(place, "track", unknown);
+        }
     }
     return true;
 }
 
+// The tool that hears an event would be destroyed in the middle of it.
+bool Engine::can_open(const std::string& path, std::string& error) const {
+    if (m_event_depth == 0) return true;
+    error = (path.empty() ? "" : path + ": ") + "not opened: an input event is still on its way";
+    return false;
+}
+
 bool Engine::open_document(const ProjectDocument& document, const std::string& path, std::string& error) {
-    if (m_event_depth > 0) {
-        error = path + ": not opened: an input event is still on its way";
-        return false;
-    }
-    if (!check_kinds(document, path, error)) return false;
+    if (!can_open(path, error) || !check_kinds(document, path, error)) return false;
     clean_project();
-    project_file_path = from_utf8(path);
+    set_project_path(path);
     fill(document, path);
+    return true;
+}
+
+bool Engine::import_project(const std::string& path, std::string& error) {
+    const auto legacy = read_legacy(path, error);
+    return legacy && import_tree(*legacy, error);
+}
+
+bool Engine::import_tree(LegacyProject& legacy, std::string& error) {
+    const std::string path = to_utf8(legacy.get_full_filename());
+    if (!can_open(path, error)) return false;
+    clean_project();
+    set_project_path(path);
+    for (const auto& library : m_modules) library->module().on_open_old_zov_project(&legacy.root());
     return true;
 }
 
@@ -65,6 +121,8 @@ void Engine::fill(const ProjectDocument& document, const std::string& path) {
         library->module().on_open_project(stored ? stored : &nothing, operation);
     }
     for (const ProjectItem& stored : document.items) create_item(stored, operation);
+    // Ahead of on_project_opened, in which modules bring the keys in line with the view.
+    for (const ProjectAnimation& stored : document.animations) create_animation(stored, operation);
     for (const auto& library : m_modules) library->module().on_project_opened();
 }
 
@@ -87,6 +145,25 @@ void Engine::create_item(const ProjectItem& stored, load_operation& operation) {
     item->on_ready();
 }
 
+void Engine::create_animation(const ProjectAnimation& stored, load_operation& operation) {
+    Animation* made = m_animations.create_animation(stored.name.c_str());
+    made->set_anim_info(stored.info);
+    made->starts_by_itself = stored.starts_by_itself;
+    operation.owner_id = {};
+    operation.owner_name = stored.name;
+    for (const ProjectAnimNode& stored_node : stored.nodes) {
+        const CMyComPtr<CAnimNodeBase> node(
+            AnimSystemLibrary::create_anim_node_by_type(this, stored_node.type, stored_node.item));
+        if (!node) {
+            m_warnings.push_back(to_utf8(stored.name) + ": an animation node could not be made");
+            continue;
+        }
+        made->add_anim_node(node.get());
+        node->on_parse(const_cast<ProjectNode*>(&stored_node.data), operation);
+        node->on_ready();
+    }
+}
+
 ProjectDocument Engine::document(const std::string& path) {
     save_operation operation;
     operation.system = this;
@@ -94,13 +171,15 @@ ProjectDocument Engine::document(const std::string& path) {
     operation.to_file = !path.empty();
     ProjectDocument document;
     save_modules(document, operation);
-    save_items(document, operation);
+    SavedIds ids;
+    save_items(ids, document, operation);
+    save_animations(ids, document, operation);
     return document;
 }
 
 bool Engine::save_project(const std::string& path, std::string& error) {
     if (!write_project(path, document(path), error)) return false;
-    project_file_path = from_utf8(path);
+    set_project_path(path);
     return true;
 }
 
@@ -135,14 +214,31 @@ void Engine::save_item(const Actor& actor, SavedIds& ids, ProjectDocument& docum
 
 // In the order of creation, which modules keep as the order of their own lists; an actor that hangs below a later one
 // waits for it.
-void Engine::save_items(ProjectDocument& document, const save_operation& operation) {
+void Engine::save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
     std::set<const Actor*> done;
-    SavedIds ids;
     for (const Actor* actor : m_scene.actors()) {
         std::vector<const Actor*> above;
         for (const Actor* at = actor; at && done.insert(at).second; at = static_cast<const Actor*>(at->get_parent()))
             above.push_back(at);
         for (auto next = above.rbegin(); next != above.rend(); ++next) save_item(**next, ids, document, operation);
+    }
+}
+
+// A node whose item is gone is saved all the same: its keys are work, and the item may come back.
+void Engine::save_animations(const SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
+    for (const auto& animation : m_animations.all()) {
+        ProjectAnimation& stored = document.animations.emplace_back();
+        stored.name = animation->name();
+        stored.info = animation->info();
+        stored.starts_by_itself = animation->starts_by_itself;
+        for (const auto& node : animation->nodes()) {
+            ProjectAnimNode& stored_node = stored.nodes.emplace_back();
+            stored_node.type = node->get_type();
+            const CGuid item = node->get_internal_item_id();
+            const auto saved = ids.of_actor.find(m_scene.search_actor_by_guid(item));
+            stored_node.item = saved == ids.of_actor.end() ? item : saved->second;
+            node->save_to_node(&stored_node.data, operation);
+        }
     }
 }
 

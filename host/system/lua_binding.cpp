@@ -8,6 +8,8 @@
 #include <lua.hpp>
 
 #include "host/core/text_conversion.h"
+#include "host/system/lua_repeatable.h"
+#include "host/system/lua_vector.h"
 #include "host/system/script_manager.h"
 #include "host/system/write_watch.h"
 
@@ -17,8 +19,6 @@
 namespace host {
 namespace {
 
-constexpr const char* vector_type = "host.vector";
-constexpr const char* axis_names[2][4] = {{"x", "y", "z", "w"}, {"r", "g", "b", "a"}};
 constexpr std::size_t most_params = 16;
 
 struct Value {
@@ -30,8 +30,9 @@ struct Value {
 };
 
 // Indexed by xparam_desc::Kind.
-constexpr const char* kind_texts[] = {"a whole number", "a number",  "true or false (or 1 or 0)",
-                                      "a text",         "{x, y, z}", "{x, y, z, w} or {r, g, b, a}"};
+constexpr const char* kind_texts[] = {
+    "a whole number of 32 bits",   "a number", "true or false (or 1 or 0)", "a text", "{x, y, z}",
+    "{x, y, z, w} or {r, g, b, a}"};
 
 int vector_size(xparam_desc::Kind kind) { return kind == xparam_desc::VEC ? 3 : 4; }
 
@@ -50,8 +51,12 @@ int wrong_value(lua_State* L, const Parameter& parameter, const char* given) {
 
 int wrong_value(lua_State* L, const Parameter& parameter) {
     const int type = lua_type(L, parameter.place());
-    if (type == LUA_TNUMBER || type == LUA_TSTRING || type == LUA_TBOOLEAN)
-        return wrong_value(L, parameter, luaL_tolstring(L, parameter.place(), nullptr));
+    if (type == LUA_TSTRING)
+        return wrong_value(L, parameter, lua_pushfstring(L, "\"%s\"", lua_tostring(L, parameter.place())));
+    if (type == LUA_TNUMBER || type == LUA_TBOOLEAN) {
+        push_shown_text(L, parameter.place());
+        return wrong_value(L, parameter, lua_tostring(L, -1));
+    }
     return wrong_value(L, parameter, luaL_typename(L, parameter.place()));
 }
 
@@ -89,7 +94,7 @@ bool push_component(lua_State* L, int table, int way, int component) {
     if (way < 0)
         lua_rawgeti(L, table, component + 1);
     else
-        lua_getfield(L, table, axis_names[way][component]);
+        lua_getfield(L, table, vector_names[way][component]);
     return lua_type(L, -1) == LUA_TNUMBER;
 }
 
@@ -170,6 +175,8 @@ CMyComPtr<xparam_desc> own_copy(const CMyComPtr<xparam_desc>& param) {
 struct Outcome {
     bool failed = false;
     bool has_value = false;
+    /// There is a return parameter, but nothing was written to it.
+    bool is_nil = false;
     xparam_desc::Kind kind = xparam_desc::INT;
     Value value;
 };
@@ -187,6 +194,7 @@ void call_body(const RegisteredFunction& function, XSystem* system, const Value*
     const WriteWatch watch(result.get());
     call.func(&call);
     outcome.has_value = result && (watch.written() || !unwritten_is_nil);
+    outcome.is_nil = result && !outcome.has_value;
     if (!outcome.has_value) return;
     outcome.kind = result->kind;
     fetch(*result, outcome.value, text);
@@ -197,7 +205,9 @@ void call_body(const RegisteredFunction& function, XSystem* system, const Value*
 
 int push_outcome(lua_State* L, const Outcome& outcome, const std::string& text) {
     if (outcome.failed) return luaL_error(L, "%s", text.c_str());
-    if (!outcome.has_value) return 0;
+    // A value of its own, so that the call can stand where a value is asked for, as in tostring(f()).
+    if (outcome.is_nil) lua_pushnil(L);
+    if (!outcome.has_value) return outcome.is_nil ? 1 : 0;
     switch (outcome.kind) {
         case xparam_desc::INT:
             lua_pushinteger(L, outcome.value.integer);
@@ -215,19 +225,15 @@ int push_outcome(lua_State* L, const Outcome& outcome, const std::string& text) 
         case xparam_desc::VEC4_:
             break;
     }
-    const int size = vector_size(outcome.kind);
-    lua_createtable(L, size, 0);
-    for (int component = 0; component < size; ++component) {
-        lua_pushnumber(L, static_cast<lua_Number>(outcome.value.vector[component]));
-        lua_rawseti(L, -2, component + 1);
-    }
-    luaL_setmetatable(L, vector_type);
+    push_vector(L, outcome.value.vector, vector_size(outcome.kind));
     return 1;
 }
 
 int call_function(lua_State* L) {
     const auto& function = *static_cast<const RegisteredFunction*>(lua_touserdata(L, lua_upvalueindex(1)));
     auto* system = static_cast<XSystem*>(lua_touserdata(L, lua_upvalueindex(2)));
+    // One call can take long, with a text of megabytes or a picture from the disk.
+    LuaBox::of(L).check_time();
     Value values[most_params];
     read_values(L, function, values);
     Outcome outcome;
@@ -236,40 +242,10 @@ int call_function(lua_State* L) {
     return push_outcome(L, outcome, text);
 }
 
-// 1 to 4 for a name of a component, else 0.
-int component_of(lua_State* L) {
-    if (lua_type(L, 2) != LUA_TSTRING) return 0;
-    const std::string_view name = lua_tostring(L, 2);
-    for (const auto& names : axis_names)
-        for (int component = 0; component < 4; ++component)
-            if (name == names[component]) return component + 1;
-    return 0;
-}
-
-int get_component(lua_State* L) {
-    const int component = component_of(L);
-    if (component == 0) return 0;
-    lua_rawgeti(L, 1, component);
-    return 1;
-}
-
-int set_component(lua_State* L) {
-    const int component = component_of(L);
-    lua_settop(L, 3);
-    if (component == 0)
-        lua_rawset(L, 1);
-    else
-        lua_rawseti(L, 1, component);
-    return 0;
-}
-
-constexpr luaL_Reg vector_events[] = {{"__index", &get_component}, {"__newindex", &set_component}, {nullptr, nullptr}};
-
 }  // namespace
 
 void bind_function(lua_State* L, RegisteredFunction& function, XSystem* system, bool unwritten_is_nil) {
-    if (luaL_newmetatable(L, vector_type)) luaL_setfuncs(L, vector_events, 0);
-    lua_pop(L, 1);
+    define_vectors(L);
     lua_pushlightuserdata(L, &function);
     lua_pushlightuserdata(L, system);
     lua_pushboolean(L, unwritten_is_nil);

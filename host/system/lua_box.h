@@ -17,9 +17,11 @@ namespace host {
 
 struct LuaLimits {
     std::size_t memory_bytes = 64u << 20;
-    /// Of one outermost run with everything that it starts. 0: no limit.
-    std::uint64_t instructions = 50'000'000;
-    double seconds = 1.0;
+    /// Of one outermost run with everything that it starts. 0: no limit. So few that even a busy machine is through
+    /// with them ahead of the time: steps end a script at the same place in every run, the time does not.
+    std::uint64_t instructions = 20'000'000;
+    /// Less than the second within which whoever clicks gets an answer.
+    double seconds = 0.8;
 };
 
 /// What went wrong in a script. Empty message: nothing.
@@ -42,6 +44,9 @@ public:
     bool run(const std::string& text, LuaError& error);
     /// Calls `body(state)` where Lua errors are caught; for setting the state up. False: `error` as above.
     bool protect(int (*body)(lua_State*), void* argument, LuaError& error);
+    /// The same with tighter limits than the run's around it: `limits.memory_bytes` is what may come on top of what is
+    /// held now. The outermost such call counts for all that it starts.
+    bool protect_within(const LuaLimits& limits, int (*body)(lua_State*), void* argument, LuaError& error);
 
     lua_State* state() const { return m_state; }
     /// True while a script runs.
@@ -64,14 +69,19 @@ private:
     static void on_count(lua_State* state, lua_Debug* record);
     bool call_protected(int (*body)(lua_State*), void* argument, LuaError& error);
     void begin_budget();
+    bool is_time_up();
+    void set_hook();
 
     LuaLimits m_limits;
     // Counted from the state's first block on, so it stands ahead of the state.
     std::size_t m_memory_used = 0;
     lua_State* m_state = nullptr;
     int m_depth = 0;
+    bool m_is_within = false;
     std::uint64_t m_instructions = 0;
     std::chrono::steady_clock::time_point m_deadline;
+    // What the thread had worked when the run began, in seconds.
+    double m_work_at_start = 0.0;
     // Once a limit is passed, every further instruction of the run fails, so that no pcall outlives it.
     const char* m_expired = nullptr;
     // Text to its compiled chunk in the registry.

@@ -7,14 +7,14 @@
 #include <string_view>
 
 #include "host/system/lua_box.h"
+#include "host/system/lua_pattern.h"
+#include "host/system/lua_repeatable.h"
 
 namespace host {
 namespace {
 
 constexpr std::size_t longest_repeat = 16u << 20;
 constexpr lua_Integer longest_move = 10'000'000;
-// Steps that one pattern match may take at worst: a few seconds of work that no limit could interrupt.
-constexpr double most_match_steps = 1e9;
 
 constexpr luaL_Reg libraries[] = {{LUA_GNAME, luaopen_base},
                                   {LUA_MATHLIBNAME, luaopen_math},
@@ -66,79 +66,6 @@ int guarded_move(lua_State* L) {
     return call_original(L);
 }
 
-/// What there is in a pattern that makes a match long.
-struct PatternWork {
-    /// Items that can be tried at every length of the text.
-    int repeats = 0;
-    /// Items that can be there or not, which doubles the tries.
-    int optionals = 0;
-    /// What one try compares, in bytes of the pattern.
-    double single_steps = 1;
-};
-
-// Where the item that begins at `at` ends: "%x", "%bxy", a set in brackets, or one character.
-std::size_t end_of_item(std::string_view pattern, std::size_t at) {
-    const bool balance = pattern.substr(at).starts_with("%b");
-    if (pattern[at] == '%') return std::min(at + (balance ? 4 : 2), pattern.size());
-    if (pattern[at] != '[') return at + 1;
-    at += pattern.substr(at).starts_with("[^") ? 2 : 1;
-    do {
-        at += at < pattern.size() && pattern[at] == '%' ? 2 : 1;
-    } while (at < pattern.size() && pattern[at] != ']');
-    return std::min(at + 1, pattern.size());
-}
-
-// A "%b" and a capture that is to come again run through the text too.
-bool is_long_item(std::string_view item) {
-    return item.size() > 1 && item[0] == '%' && (item[1] == 'b' || (item[1] >= '0' && item[1] <= '9'));
-}
-
-PatternWork work_of(std::string_view pattern) {
-    PatternWork work;
-    for (std::size_t at = 0; at < pattern.size();) {
-        const std::size_t end = end_of_item(pattern, at);
-        const std::string_view item = pattern.substr(at, end - at);
-        const char suffix = end < pattern.size() ? pattern[end] : '\0';
-        const bool repeated = suffix == '*' || suffix == '+' || suffix == '-';
-        if (repeated || is_long_item(item)) ++work.repeats;
-        if (suffix == '?') ++work.optionals;
-        if (item[0] == '[')
-            work.single_steps += static_cast<double>(item.size() - 1);
-        else if (!repeated && item.find_first_of("()^$") != 0)
-            work.single_steps += static_cast<double>(item.size());
-        at = end + (repeated || suffix == '?' ? 1 : 0);
-    }
-    return work;
-}
-
-// In how many ways so many repeats can share the text among them.
-double ways_to_share(std::size_t text_length, int repeats) {
-    double ways = 1.0;
-    for (int i = 1; i <= repeats; ++i) ways *= (static_cast<double>(text_length) + i) / i;
-    return ways;
-}
-
-// The worst that a match can come to is known ahead; once it runs, nothing can stop it. Without an anchor it can also
-// start anywhere, which counts as one more repeat.
-int call_with_pattern(lua_State* L, bool plain, bool anchors) {
-    std::size_t text_length = 0;
-    std::size_t pattern_length = 0;
-    luaL_checklstring(L, 1, &text_length);
-    const char* bytes = luaL_checklstring(L, 2, &pattern_length);
-    const std::string_view pattern(bytes, pattern_length);
-    const PatternWork work = plain ? PatternWork{0, 0, static_cast<double>(pattern_length)} : work_of(pattern);
-    const int starts = anchors && pattern.starts_with('^') ? 0 : 1;
-    const double tries = std::ldexp(ways_to_share(text_length, work.repeats + starts), work.optionals);
-    if (tries * work.single_steps > most_match_steps)
-        return luaL_error(L, "the pattern has too many repeats for so long a text");
-    return call_original(L);
-}
-
-int guarded_find(lua_State* L) { return call_with_pattern(L, lua_toboolean(L, 4) != 0, true); }
-int guarded_match(lua_State* L) { return call_with_pattern(L, false, true); }
-// There "^" is a character like any other.
-int guarded_gmatch(lua_State* L) { return call_with_pattern(L, false, false); }
-
 // Finalizers run with the instruction limit off.
 int guarded_setmetatable(lua_State* L) {
     if (lua_istable(L, 2)) {
@@ -154,9 +81,7 @@ constexpr struct {
     const char* function;
     lua_CFunction guard;
 } guarded[] = {
-    {LUA_STRLIBNAME, "rep", &guarded_rep},      {LUA_STRLIBNAME, "find", &guarded_find},
-    {LUA_STRLIBNAME, "match", &guarded_match},  {LUA_STRLIBNAME, "gmatch", &guarded_gmatch},
-    {LUA_STRLIBNAME, "gsub", &guarded_match},   {LUA_TABLIBNAME, "insert", &guarded_table},
+    {LUA_STRLIBNAME, "rep", &guarded_rep},      {LUA_TABLIBNAME, "insert", &guarded_table},
     {LUA_TABLIBNAME, "remove", &guarded_table}, {LUA_TABLIBNAME, "concat", &guarded_table},
     {LUA_TABLIBNAME, "sort", &guarded_table},   {LUA_TABLIBNAME, "unpack", &guarded_table},
     {LUA_TABLIBNAME, "move", &guarded_move},    {LUA_GNAME, "setmetatable", &guarded_setmetatable},
@@ -187,7 +112,7 @@ int print_values(lua_State* L) {
     luaL_buffinit(L, &line);
     for (int index = 1; index <= count; ++index) {
         if (index > 1) luaL_addchar(&line, '\t');
-        luaL_tolstring(L, index, nullptr);
+        push_shown_text(L, index);
         luaL_addvalue(&line);
     }
     luaL_pushresult(&line);
@@ -211,6 +136,9 @@ void open_closed_libraries(lua_State* L) {
         lua_setfield(L, -2, row.function);
         lua_pop(L, 1);
     }
+    lua_getglobal(L, LUA_STRLIBNAME);
+    set_pattern_functions(L);
+    lua_pop(L, 1);
     for (const auto& row : guarded) {
         lua_getglobal(L, row.library);
         lua_getfield(L, -1, row.function);
@@ -222,6 +150,7 @@ void open_closed_libraries(lua_State* L) {
     lua_setglobal(L, "print");
     lua_pushcfunction(L, &call_then_handle);
     lua_setglobal(L, "xpcall");
+    open_repeatable_functions(L);
 }
 
 }  // namespace host

@@ -2,6 +2,16 @@
 
 #include <SDL.h>
 
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+#include "engine/services.h"
+#include "host/core/big5.h"
+#include "host/core/font_files.h"
+#include "host/core/native_path.h"
+#include "host/core/text_conversion.h"
+
 namespace host {
 namespace {
 
@@ -18,7 +28,44 @@ CPoint sdl_cursor_position() {
     return position;
 }
 
-constexpr platform_functions usual_functions{&show_sdl_hand, &sdl_cursor_position};
+// With '\\' ahead of the file's own name: so paths look that lie in a fonts folder, and one that is listed with a
+// folder must hold one. A path that would not come back from this form can't be opened by it, so it stays out.
+std::wstring listed_path(const std::string& path) {
+    std::wstring wide = from_utf8(path);
+    const std::size_t separator = wide.rfind(L'/');
+    if (path.find('\\') != std::string::npos || separator == std::wstring::npos || to_utf8(wide) != path) return {};
+    wide[separator] = L'\\';
+    return wide;
+}
+
+bool list_system_fonts(font_list& list) {
+    std::vector<FontFile> files;
+    if (!list_font_files(files)) return false;
+    for (const FontFile& file : files) {
+        const std::wstring path = listed_path(file.path);
+        if (!path.empty()) list.fonts.push_back({from_utf8(file.names + " (" + file.format + ")"), path});
+    }
+    return true;
+}
+
+std::wstring wide_from_code_page_950(const std::string& text) { return wide_from_big5(text); }
+
+void print_message(const std::wstring& text) { std::fprintf(stderr, "%s\n", to_utf8(text).c_str()); }
+
+// Read as a whole ahead of the first byte written: a file that is its own copy, or can't be read, is not emptied.
+bool copy_whole_file(const std::wstring& from, const std::wstring& to) {
+    std::ifstream source(native_path(from), std::ios::binary);
+    if (!filefun::file_exist(from.c_str()) || !source) return false;
+    const std::string bytes{std::istreambuf_iterator<char>(source), {}};
+    if (source.bad()) return false;
+    std::ofstream target(native_path(to), std::ios::binary | std::ios::trunc);
+    target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    target.close();
+    return !target.fail();
+}
+
+constexpr platform_functions usual_functions{&show_sdl_hand,           &sdl_cursor_position, &list_system_fonts,
+                                             &wide_from_code_page_950, &print_message,       &copy_whole_file};
 
 platform_functions& functions_in_use() {
     static platform_functions functions = usual_functions;

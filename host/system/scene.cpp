@@ -48,10 +48,16 @@ IActor* Scene::create_actor(IBaseItem* item, IActor* parent, int) {
     return &actor;
 }
 
+void Scene::delete_actor(IActor* actor) {
+    if (!actor || !holds(actor)) return;
+    if (on_delete) on_delete(*m_alive.at(actor));
+    destroy_tree(actor);
+}
+
 // Children first: an item that goes may still look at the item above it. A loop, since a project may hang its items one
 // below the other as deep as it likes.
-void Scene::delete_actor(IActor* actor) {
-    Actor* at = actor && holds(actor) ? m_alive.at(actor) : nullptr;
+void Scene::destroy_tree(IActor* actor) {
+    Actor* at = holds(actor) ? m_alive.at(actor) : nullptr;
     while (at) {
         while (!at->m_children.empty()) at = at->m_children.back();
         IActor* above = at == actor ? nullptr : at->m_parent;
@@ -74,7 +80,6 @@ void Scene::delete_actor_alone(IActor* actor) {
 }
 
 void Scene::destroy_one(Actor& actor) {
-    if (on_delete) on_delete(actor);
     m_selection.forget(&actor);
     leave_indexes(actor);
     unlink(actor);
@@ -120,7 +125,7 @@ void Scene::tell(unsigned long id, std::list<IActor*>& actors) {
 }
 
 void Scene::clear() {
-    while (!m_actors.empty()) delete_actor(std::prev(m_actors.end())->second.get());
+    while (!m_actors.empty()) destroy_tree(std::prev(m_actors.end())->second.get());
 }
 
 Actor* Scene::find_any(const CGuid& id) const {
@@ -143,11 +148,13 @@ void Scene::use_counted_ids() {
     m_next_id = 1;
 }
 
-// Random identifiers carry the marks of random ones (version 4), counted ones are plain numbers.
+// Random identifiers carry the marks of random ones (version 4), counted ones a mark that tells them from the plain
+// numbers which people write into projects by hand.
 CGuid Scene::new_id() {
     GUID id{};
     for (;;) {
         if (m_counted_ids) {
+            id.Data1 = 0xC0000000;
             for (int byte = 0; byte < 8; ++byte)
                 id.Data4[7 - byte] = static_cast<std::uint8_t>(m_next_id >> (byte * 8));
             ++m_next_id;
@@ -163,7 +170,9 @@ CGuid Scene::new_id() {
 }
 
 void Scene::enter_indexes(Actor& actor) {
-    if (!actor.m_in_scene || !holds(&actor)) return;
+    if (!holds(&actor)) return;
+    m_by_any_name.add(actor.m_name, actor.m_serial, &actor);
+    if (!actor.m_in_scene) return;
     m_by_name.add({actor.m_type, actor.m_name}, actor.m_serial, &actor);
     m_by_id.add(actor.m_id, actor.m_serial, &actor);
 }
@@ -171,6 +180,7 @@ void Scene::enter_indexes(Actor& actor) {
 void Scene::leave_indexes(Actor& actor) {
     m_by_name.remove({actor.m_type, actor.m_name}, actor.m_serial);
     m_by_id.remove(actor.m_id, actor.m_serial);
+    m_by_any_name.remove(actor.m_name, actor.m_serial);
 }
 
 void Scene::unlink(Actor& actor) {

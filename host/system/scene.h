@@ -40,6 +40,10 @@ struct TypedNameEqual {
 struct GuidHash {
     std::size_t operator()(const CGuid& id) const;
 };
+struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::wstring_view name) const { return std::hash<std::wstring_view>()(name); }
+};
 
 /// A global item that the author edits. No module frees it: the list holds it.
 struct PropertyItem {
@@ -76,6 +80,8 @@ public:
 
     /// The actor with that identifier, removed ones included, or null. Looks at all only where the index has none.
     Actor* find_any(const CGuid& id) const;
+    /// The earliest created actor of that name, removed ones included, or null.
+    Actor* find_any(std::wstring_view name) const { return m_by_any_name.find(name); }
     /// Every actor in order of creation, removed ones included.
     std::vector<Actor*> actors() const;
     std::size_t size() const { return m_actors.size(); }
@@ -91,7 +97,7 @@ public:
     /// An identifier that no actor in the scene has.
     CGuid new_id();
 
-    /// Hear of set_parent and of the destruction of an actor, ahead of it; may be empty.
+    /// Hear of each call of set_parent and of delete_actor, ahead of it; may be empty.
     std::function<void(Actor&, IActor* parent)> on_parent_changed;
     std::function<void(Actor&)> on_delete;
 
@@ -99,6 +105,7 @@ private:
     friend class Actor;
     void enter_indexes(Actor& actor);
     void leave_indexes(Actor& actor);
+    void destroy_tree(IActor* actor);
     void destroy_one(Actor& actor);
     void set_in_scene(const std::list<IActor*>& actors, bool in_scene);
     void tell(unsigned long id, std::list<IActor*>& actors);
@@ -113,6 +120,8 @@ private:
     std::unordered_map<const IActor*, Actor*> m_alive;
     EarliestIndex<TypedName, Actor, TypedNameHash, TypedNameEqual> m_by_name;
     EarliestIndex<CGuid, Actor, GuidHash> m_by_id;
+    // The others hold what is in the scene; this one all that lives.
+    EarliestIndex<std::wstring, Actor, NameHash> m_by_any_name;
     std::vector<PropertyItem> m_property_items;
     std::uint64_t m_next_serial = 1;
     std::uint64_t m_next_id = 1;

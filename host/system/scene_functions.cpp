@@ -1,4 +1,4 @@
-#include "host/system/scene_functions.h"
+// What scripts can ask of the 3D scene behind the dialogs, and of whoever sits before the screen.
 
 #include <algorithm>
 #include <cmath>
@@ -6,6 +6,8 @@
 #include <lua.hpp>
 
 #include "host/system/engine.h"
+#include "host/system/engine_functions.h"
+#include "host/system/lua_repeatable.h"
 
 namespace host {
 namespace {
@@ -21,7 +23,6 @@ float finite_number(lua_State* L, int index) {
     return static_cast<float>(number);
 }
 
-// scene_paint(r, g, b): colour of the object on the stage, each 0 to 1.
 int scene_paint(lua_State* L) {
     VEC3 paint;
     float* const parts[] = {&paint.x, &paint.y, &paint.z};
@@ -31,7 +32,6 @@ int scene_paint(lua_State* L) {
     return 0;
 }
 
-// scene_turn(degrees): turns the object further.
 int scene_turn(lua_State* L) {
     const float turn = engine_of(L).look.turn_degrees + std::fmod(finite_number(L, 1), full_turn);
     engine_of(L).look.turn_degrees = std::fmod(turn, full_turn);
@@ -39,34 +39,35 @@ int scene_turn(lua_State* L) {
     return 0;
 }
 
-// scene_light(level): 1 as set up, 0 dark.
 int scene_light(lua_State* L) {
     engine_of(L).look.light = std::clamp(finite_number(L, 1), 0.0f, brightest_light);
     engine_of(L).request_view_update();
     return 0;
 }
 
-// message(value): a line for whoever sits before the screen.
 int message(lua_State* L) {
     luaL_checkany(L, 1);
     std::size_t length = 0;
-    const char* text = luaL_tolstring(L, 1, &length);
+    push_shown_text(L, 1);
+    const char* text = lua_tolstring(L, -1, &length);
     engine_of(L).show_message({text, length});
     return 0;
 }
 
-constexpr luaL_Reg functions[] = {
-    {"scene_paint", &scene_paint}, {"scene_turn", &scene_turn}, {"scene_light", &scene_light}, {"message", &message}};
+constexpr EngineParam color[] = {{"r", "number"}, {"g", "number"}, {"b", "number"}};
+constexpr EngineParam degrees[] = {{"degrees", "number"}};
+constexpr EngineParam level[] = {{"level", "number"}};
+constexpr EngineParam value[] = {{"value", "any"}};
+
+constexpr EngineFunction functions[] = {
+    {"scene_paint", &scene_paint, color, "", "Paints the object on the stage; red, green and blue, each 0 to 1."},
+    {"scene_turn", &scene_turn, degrees, "", "Turns the object further."},
+    {"scene_light", &scene_light, level, "", "How bright the light is: 1 as set up, 0 dark, 4 at most."},
+    {"message", &message, value, "", "Shows a line to whoever sits before the screen."},
+};
 
 }  // namespace
 
-int add_scene_functions(lua_State* L) {
-    for (const luaL_Reg& function : functions) {
-        lua_pushvalue(L, 1);
-        lua_pushcclosure(L, function.func, 1);
-        lua_setglobal(L, function.name);
-    }
-    return 0;
-}
+std::span<const EngineFunction> scene_functions() { return functions; }
 
 }  // namespace host

@@ -6,6 +6,7 @@
 
 #include "host/core/text_conversion.h"
 #include "host/system/lua_binding.h"
+#include "host/system/lua_repeatable.h"
 
 namespace host {
 namespace {
@@ -87,6 +88,7 @@ LuaBox& ScriptManager::box() {
     std::string error;
     bool good = bind_functions(*m_box, false, error);
     LuaError failure;
+    if (repeatable) m_box->protect(&seed_with_constant, nullptr, failure);
     if (good && m_extra && !m_box->protect(m_extra, m_extra_argument, failure)) {
         error = failure.message;
         good = false;

@@ -59,6 +59,8 @@ public:
     std::function<void(const std::wstring& owner, const std::string& event)> on_run;
     /// Gets what scripts print. Empty: standard output.
     std::function<void(const std::string&)> on_print;
+    /// Scripts get the same random numbers in every run, from the next reset on.
+    bool repeatable = false;
     /// Gives the present name of an owner; empty text where it is no more.
     std::function<std::wstring(const CGuid&)> owner_name;
 

@@ -7,6 +7,8 @@ from pathlib import Path
 import cairo
 
 PICTURES = Path(__file__).resolve().parent / "pictures"
+# Where scripts find pictures by their names alone: beside the project, in a folder named after it.
+SCRIPT_PICTURES = Path(__file__).resolve().parent / "showroom_textures"
 
 # The palette: one dark glass, one ivory for lines, one champagne accent. Alpha is given where a colour is used.
 INK = (0.045, 0.052, 0.070)
@@ -26,11 +28,11 @@ PLATES = {
 # ---- canvas -------------------------------------------------------------------------------------------------------
 
 
-def picture(name, width, height, draw):
+def picture(name, width, height, draw, folder=PICTURES):
     """Draws one picture with `draw(context)` and stores it."""
     surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, width, height)
     draw(cairo.Context(surface))
-    surface.write_to_png(str(PICTURES / f"{name}.png"))
+    surface.write_to_png(str(folder / f"{name}.png"))
 
 
 def rounded(context, x, y, width, height, radius):
@@ -134,6 +136,32 @@ def icon_info(context):
     polyline(context, [(0, -4.5), (0, -4.49)])
 
 
+def icon_language(context):
+    circle(context, 0, 0, 9)
+    context.stroke()
+    context.save()
+    context.scale(0.45, 1)
+    circle(context, 0, 0, 9)
+    context.restore()
+    context.stroke()
+    polyline(context, [(-9, 0), (9, 0)])
+
+
+def icon_close(context):
+    polyline(context, [(-6, -6), (6, 6)])
+    polyline(context, [(-6, 6), (6, -6)])
+
+
+def icon_fold(context):
+    for x in (-5, 2):
+        polyline(context, [(x + 4, -6), (x - 2, 0), (x + 4, 6)])
+
+
+def icon_unfold(context):
+    context.scale(-1, 1)
+    icon_fold(context)
+
+
 MENU_ICONS = {"form": icon_form, "material": icon_material, "light": icon_light, "visit": icon_visit}
 BUTTON_ICONS = {
     "home": icon_home,
@@ -142,7 +170,9 @@ BUTTON_ICONS = {
     "turn_right": icon_turn_right,
     "dim": icon_dim,
     "bright": icon_bright,
+    "language": icon_language,
 }
+SMALL_ICONS = {"close": icon_close, "fold": icon_fold, "unfold": icon_unfold}
 
 
 def icon_at(context, icon, x, y, color):
@@ -197,6 +227,17 @@ def menu_plate(context, width, height, state):
 def icon_button(context, size, state, icon):
     plate(context, size, size, state, 10)
     icon_at(context, icon, size / 2, size / 2, PLATES[state][4])
+
+
+def small_button(context, size, state, icon):
+    """Without a plate until the mouse is on it, so that it does not compete with what it closes."""
+    if state != "normal":
+        plate(context, size, size, state, 8)
+    context.save()
+    context.translate(size / 2, size / 2)
+    context.scale(0.7, 0.7)
+    icon_at(context, icon, 0, 0, PLATES[state][4])
+    context.restore()
 
 
 def swatch(context, size, state):
@@ -259,12 +300,18 @@ def vignette(context, width, height):
 
 # ---- the list of pictures: sizes are those of the shapes that show them, but for gradients that are stretched -----
 
-GLASS_PANES = {"menu_panel": (224, 308), "info_panel": (304, 520), "finish_panel": (544, 88)}
+GLASS_PANES = {
+    "menu_panel": (224, 308),
+    "info_panel": (304, 520),
+    "finish_panel": (544, 88),
+    "visit_panel": (320, 232),
+}
 GAUGES = (82, 64, 91)
 
 
 def main():
     PICTURES.mkdir(exist_ok=True)
+    SCRIPT_PICTURES.mkdir(exist_ok=True)
     picture("vignette", 640, 360, lambda c: vignette(c, 640, 360))
     picture("top_bar", 8, 72, lambda c: top_bar(c, 8, 72))
     picture("logo", 48, 48, lambda c: logo(c, 48))
@@ -276,6 +323,10 @@ def main():
         picture(f"icon_{name}", 24, 24, lambda c: icon_at(c, icon, 12, 12, IVORY))
     for state in PLATES:
         picture(f"menu_{state}", 192, 56, lambda c: menu_plate(c, 192, 56, state))
+        picture(f"choice_{state}", 84, 44, lambda c: plate(c, 84, 44, state, 10))
+        picture(f"book_{state}", 272, 48, lambda c: plate(c, 272, 48, state, 10))
+        for name, icon in SMALL_ICONS.items():
+            picture(f"{name}_{state}", 28, 28, lambda c: small_button(c, 28, state, icon), SCRIPT_PICTURES)
         picture(f"swatch_{state}", 40, 40, lambda c: swatch(c, 40, state))
         for name, icon in BUTTON_ICONS.items():
             picture(f"{name}_{state}", 40, 40, lambda c: icon_button(c, 40, state, icon))

@@ -2,10 +2,13 @@
 """Writes showroom.sgui, the project of the showroom. Change the tables here and run it again."""
 
 import struct
-import uuid
 import xml.etree.ElementTree as xml
 from dataclasses import dataclass, field
 from pathlib import Path
+
+from animations import put_animations
+from behaviour import BOOK, CLOSE_VISIT, FOLD, HURRY, VISIT, choose_day, entry, language, say
+from writing import identifier, put, put_text, text_of
 
 PROJECT = Path(__file__).resolve().parent / "showroom.sgui"
 VIEW = (0, 0, 1280, 720)  # the size at which the project is stored; every other size follows from the anchors
@@ -89,6 +92,7 @@ class Dialog:
     name: str
     place: object
     shapes: list  # the first lies at the bottom
+    visible: bool = True
 
 
 def label(name, place, title, text_at=TEXT_LEFT, text_color=IVORY, shadow=False):
@@ -105,8 +109,9 @@ def button(name, place, pictures, script, color=OPAQUE, usable=True):
     return Shape(name, place, color, button=True, usable=usable, pictures=states, scripts={"m_func_left_down": script})
 
 
-def say(text, *actions):
-    return "\n".join([*actions, f'message("{text}")'])
+def small_button(name, place, icon, action):
+    """Its pictures lie where scripts find them too."""
+    return button(name, place, f"showroom_textures/{icon}", action)
 
 
 # ---- the elements, from the back to the front ---------------------------------------------------------------------
@@ -126,6 +131,7 @@ def top_bar():
             image("标志", Anchored(LEFT, 40, -24, 48, 48), "logo"),
             label("产品名", Anchored(LEFT, 108, -25, 240, 24), "流光  FLOW", shadow=True),
             label("产品类别", Anchored(LEFT, 108, 1, 320, 24), "动态雕塑  Kinetic Sculpture", text_color=MUTED),
+            button("按钮语言", Anchored(RIGHT, -176, -20, 40, 40), "language", language(words(), MENU_NAMES)),
             button(
                 "按钮复位",
                 Anchored(RIGHT, -128, -20, 40, 40),
@@ -136,7 +142,11 @@ def top_bar():
                 "按钮说明",
                 Anchored(RIGHT, -80, -20, 40, 40),
                 "info",
-                say("在下方选择配色，转动雕塑，调节灯光  Pick a finish, turn it, set the light"),
+                say(
+                    "在下方选择配色，转动雕塑，调节灯光  Pick a finish, turn it, set the light",
+                    HURRY,
+                    'animation_reverse("信息收起")',
+                ),
             ),
         ],
     )
@@ -144,17 +154,18 @@ def top_bar():
 
 MENU = (
     # key, Chinese, English, script; an entry without a script is not open yet
-    ("form", "造型", "Form", say("造型：一条连续的曲线  Form: one continuous curve", "scene_turn(45)")),
-    ("material", "材质", "Material", say("材质：抛光铝  Material: polished aluminium", "scene_paint(0.80, 0.81, 0.83)")),
-    ("light", "光影", "Light", say("光影：展厅灯光  Light: gallery lighting", "scene_light(0.75)")),
+    ("form", "造型", "Form", entry("造型", "造型：一条连续的曲线  One continuous curve", "scene_turn(45)")),
+    ("material", "材质", "Material", entry("材质", "材质：抛光铝  Polished aluminium", "scene_paint(0.80, 0.81, 0.83)")),
+    ("light", "光影", "Light", entry("光影", "光影：展厅灯光  Gallery lighting", "scene_light(0.75)")),
     ("visit", "预约", "Visit", None),
 )
+MENU_NAMES = tuple(chinese for _, chinese, _, _ in MENU)
 
 
 def menu_entry(row, key, chinese, english, script):
     y = 56 + 60 * row
     usable = script is not None
-    script = script or say("预约即将开放  Visits open soon")
+    script = script or VISIT
     return [
         button(f"菜单{chinese}", Anchored(LEFT_TOP, 16, y, 192, 56), "menu", script, usable=usable),
         Shape(
@@ -179,7 +190,8 @@ def menu_entry(row, key, chinese, english, script):
 def side_menu():
     shapes = [
         image("菜单底图", Anchored(LEFT_TOP, 0, 0, 224, 308), "menu_panel", background=True),
-        label("菜单标题", Anchored(LEFT_TOP, 32, 16, 160, 28), "探索  Explore", text_color=CHAMPAGNE),
+        label("菜单标题", Anchored(LEFT_TOP, 32, 16, 128, 28), "探索  Explore", text_color=CHAMPAGNE),
+        small_button("按钮收起", Anchored(LEFT_TOP, 186, 16, 28, 28), "fold", FOLD),
     ]
     for row, entry in enumerate(MENU):
         shapes += menu_entry(row, *entry)
@@ -272,32 +284,60 @@ def finish_bar():
     return Dialog("配色栏", Anchored(BOTTOM, -272, -128, 544, 88), shapes)
 
 
+DAYS = (("今天", "Today"), ("明天", "Tomorrow"), ("周末", "Weekend"))
+
+
+def day_choice(column, chinese, english):
+    place = Anchored(LEFT_TOP, 24 + 94 * column, 84, 84, 44)
+    names = tuple(f"{a} {b}" for a, b in DAYS)
+    return [
+        button(f"日期{chinese} {english}", place, "choice", choose_day(f"{chinese} {english}", names)),
+        label(f"日期文字{column + 1}", place, chinese, TEXT_CENTER),
+    ]
+
+
+def visit_window():
+    shapes = [
+        image("预约底图", Anchored(LEFT_TOP, 0, 0, 320, 232), "visit_panel", background=True),
+        label("预约标题", Anchored(LEFT_TOP, 24, 16, 200, 32), "预约参观  Book a visit", text_color=CHAMPAGNE),
+        small_button("按钮关闭", Anchored(LEFT_TOP, 280, 16, 28, 28), "close", CLOSE_VISIT),
+        label("预约提示", Anchored(LEFT_TOP, 24, 48, 272, 28), "选择日期  Pick a day", text_color=MUTED),
+    ]
+    for column, day in enumerate(DAYS):
+        shapes += day_choice(column, *day)
+    confirm = Anchored(LEFT_TOP, 24, 156, 272, 48)
+    shapes += [
+        button("按钮确认", confirm, "book", BOOK, usable=False),
+        label("文字确认", confirm, "确认预约  Confirm", TEXT_CENTER, FAINT),
+    ]
+    return Dialog("预约窗口", Anchored(CENTER, -160, -116, 320, 232), shapes, visible=False)
+
+
+def words():
+    """What changes with the language: (control, Chinese, English)."""
+    gauges = [(f"仪表名称{at + 1}", *caption.split("\n")) for at, (caption, _) in enumerate(GAUGES)]
+    facts = [(f"参数{at + 1}", *caption.split(" ")) for at, (caption, _) in enumerate(FACTS)]
+    days = [(f"日期文字{at + 1}", *day) for at, day in enumerate(DAYS)]
+    return [
+        ("产品名", "流光", "FLOW"),
+        ("产品类别", "动态雕塑", "Kinetic Sculpture"),
+        ("菜单标题", "探索", "Explore"),
+        ("信息标题", "流光", "FLOW"),
+        ("信息简介", "光沿曲面流动，\\n每个角度都是新的轮廓。", "Light runs along the curve;\\nevery angle is a new outline."),
+        ("信息英文", "", ""),
+        ("转动标题", "转动", "Turn"),
+        ("配色标题", "配色", "Finish"),
+        ("灯光标题", "灯光", "Light"),
+        ("预约标题", "预约参观", "Book a visit"),
+        ("预约提示", "选择日期", "Pick a day"),
+        *gauges,
+        *facts,
+        ("参数值1", "铝", "Aluminium"),
+        *days,
+    ]
+
+
 # ---- writing ------------------------------------------------------------------------------------------------------
-
-
-def identifier(name):
-    """The same name always gives the same identifier, so that a new file differs only where the tables do."""
-    return str(uuid.uuid5(uuid.NAMESPACE_URL, f"showroom/{name}")).upper()
-
-
-def text_of(value):
-    if isinstance(value, bool):
-        return str(int(value))
-    if isinstance(value, tuple):
-        return " ".join(f"{part:g}" for part in value)
-    return f"{value:g}" if isinstance(value, float) else str(value)
-
-
-def put(parent, kind, key, value):
-    xml.SubElement(parent, kind, key=key, value=text_of(value))
-
-
-def put_text(parent, key, text):
-    """A text of several lines stands between the tags, where its lines can be read."""
-    if "\n" in text:
-        xml.SubElement(parent, "text", key=key).text = text
-    else:
-        put(parent, "text", key, text)
 
 
 def put_place(parent, place, rect, frame):
@@ -311,8 +351,9 @@ def put_place(parent, place, rect, frame):
         put(parent, "float", f"m_{edge}_scaleMode", float(getattr(place, edge)) if scaled else 0.0)
 
 
-def put_item(items, kind, name, **attributes):
-    attributes = {"type": str(kind), "id": identifier(name), **attributes, "name": name, "visible": "1", "flag": "0"}
+def put_item(items, kind, name, visible=True, **attributes):
+    attributes = {"type": str(kind), "id": identifier(name), **attributes, "name": name, "visible": text_of(visible)}
+    attributes["flag"] = "0"
     return xml.SubElement(items, "item", attributes)
 
 
@@ -341,13 +382,13 @@ def put_shape(items, dialog, frame, shape, order):
     put(item, "int", "m_order_num", order)
     put(item, "bool", "m_is_usable", shape.usable)
     for key, file in zip(("m_texture", "m_texture_hover", "m_texture_down"), shape.pictures):
-        put_sub_item(item, key, TEXTURE, "file_name", f"pictures/{file}.png")
+        put_sub_item(item, key, TEXTURE, "file_name", f"{file}.png" if "/" in file else f"pictures/{file}.png")
     for key, script in shape.scripts.items():
         put_sub_item(item, key, SCRIPT, "script", script)
 
 
 def put_dialog(items, dialog, order):
-    item = put_item(items, DIALOG, dialog.name)
+    item = put_item(items, DIALOG, dialog.name, visible=dialog.visible)
     rect = dialog.place.rect(VIEW)
     put_place(item, dialog.place, rect, VIEW)
     put(item, "rect", "m_rect", rect)
@@ -379,9 +420,11 @@ def main():
     put(setting, "float", "m_scene_height", float(VIEW[3]))
 
     items = xml.SubElement(project, "items")
-    dialogs = [backdrop(), finish_bar(), side_menu(), info_panel(), top_bar()]
+    dialogs = [backdrop(), finish_bar(), side_menu(), info_panel(), top_bar(), visit_window()]
     for index, dialog in enumerate(dialogs):
         put_dialog(items, dialog, len(dialogs) - 1 - index)
+
+    put_animations(project, dialogs, VIEW)
 
     # Spelled as the player spells it, so that a saved project differs only by what it adds or changes.
     xml.indent(project)

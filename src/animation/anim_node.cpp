@@ -60,7 +60,7 @@ void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
     if (!item.exists()) return;
 
     const float moment = context.m_time;
-    const int align = alignment_at(m_align_track, context, item.alignment());
+    const int align = alignment_at(m_align_track, aligns, moment, item.alignment());
     VEC2 offset = item.offset();
     if (!offsets.none()) {
         offset = offset_at(offsets, aligns, align, moment, item.frame, *m_manager);

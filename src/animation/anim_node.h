@@ -23,9 +23,9 @@ public:
     bool record_key(const SAnimateContext& context) override;
 
     /// What the keys say at a moment, in both forms: pixels, and fractions of the frame. Without such an item, or for a
-    /// shape without a dialog, the four results stay as they were.
-    void evaluate_at(const SAnimateContext& context, IActor* actor, VEC2& offset, VEC2& size, VEC2& offset_percent,
-                     VEC2& size_percent);
+    /// shape without a dialog, the four results stay as they were. Exported, for editors that show where keys lead.
+    GUI_API void evaluate_at(const SAnimateContext& context, IActor* actor, VEC2& offset, VEC2& size,
+                             VEC2& offset_percent, VEC2& size_percent);
     /// Brings the form that follows in line with the form that leads, for all keys of place and size. Nothing happens
     /// unless the node has tracks of place, size and alignment.
     void rescale_keys(IActor* actor);
@@ -37,4 +37,8 @@ public:
     ITrack* m_align_track = nullptr;
     ITrack* m_color_track = nullptr;
     CSimpleGUIManager* m_manager;
+
+private:
+    /// Tracks that the base class has let go of since are no longer remembered.
+    void forget_lost_tracks();
 };

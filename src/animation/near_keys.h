@@ -1,5 +1,7 @@
 #pragma once
 
+#include <typeinfo>
+
 #include "animation/interpolation.h"
 #include "animation/track.h"
 
@@ -16,10 +18,10 @@ struct NearKeys {
 };
 
 /// The track as one of that kind of key, or null. A file can store any number as a track's type, so the number alone
-/// does not say of which class the track is.
+/// does not say of which class the track is. Asked for each track at each step; comparing classes is the quickest way.
 template <class Key>
 TBaseTrack<Key>* track_of(ITrack* track) {
-    return dynamic_cast<TBaseTrack<Key>*>(track);
+    return track && typeid(*track) == typeid(TBaseTrack<Key>) ? static_cast<TBaseTrack<Key>*>(track) : nullptr;
 }
 
 template <class Key>
@@ -46,9 +48,10 @@ Value mixed_field(const NearKeys<Key>& keys, float moment, Value Key::*field) {
                  place_in_time(moment, keys.before->get_time(), keys.after->get_time()));
 }
 
-/// The alignment at a moment, which steps; a key at the moment rules already. Without keys `otherwise`.
-inline int alignment_at(ITrack* track, const SAnimateContext& context, int otherwise) {
-    const SGuiAlign* key = key_at<SGuiAlign>(track, context.m_time);
-    if (!key) key = near_keys<SGuiAlign>(track, context).first();
+/// The alignment at a moment, which steps; a key at the moment rules already. `near` are the keys around it. Without
+/// keys `otherwise`.
+inline int alignment_at(ITrack* track, const NearKeys<SGuiAlign>& near, float moment, int otherwise) {
+    const SGuiAlign* key = near.none() ? nullptr : key_at<SGuiAlign>(track, moment);
+    if (!key) key = near.first();
     return key ? key->m_align : otherwise;
 }

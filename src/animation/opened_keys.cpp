@@ -3,6 +3,7 @@
 
 #include "animation/anim_node.h"
 #include "animation/near_keys.h"
+#include "animation/node_index.h"
 #include "layout/anchors.h"
 #include "layout/shape.h"
 #include "module/manager.h"
@@ -16,19 +17,14 @@ int alignment_of(const Element* element) {
 }
 
 // The first key of the alignment track decides whatever its time; without keys the item does.
-int leading_alignment(const CSimpleGUIManager& manager, CSimpleGUIAnimNode& node, const IActor& actor) {
-    ITrack* track = node.get_track(TRACK_TYPE_ALIGN);
+int leading_alignment(ITrack* track, const NodeIndex::Item& found, const IActor& actor) {
     if (track->get_key_count() > 0) {
-        const auto* key = dynamic_cast<const SGuiAlign*>(track->get_keys().front());
-        return key ? key->m_align : 0;
+        const auto* aligns = track_of<SGuiAlign>(track);
+        return aligns ? static_cast<const SGuiAlign&>(*aligns->keys().front()).m_align : 0;
     }
     const IBaseItem* item = actor.get_item();
-    if (item && item->get_type() == ITEM_TYPE_DIALOG) {
-        return alignment_of(manager.get_dialog_by_guid(node.get_internal_item_id()));
-    }
-    if (item && item->get_type() == ITEM_TYPE_SHAPE) {
-        return alignment_of(manager.get_shape_by_guid(node.get_internal_item_id()));
-    }
+    if (item && item->get_type() == ITEM_TYPE_DIALOG) return alignment_of(found.dialog);
+    if (item && item->get_type() == ITEM_TYPE_SHAPE) return alignment_of(found.shape);
     return 0;
 }
 
@@ -43,18 +39,21 @@ void align_key(const CSimpleGUIManager& manager, IActor* actor, bool percent_lea
 }  // namespace
 
 void CSimpleGUIManager::align_keys_of_opened_project() {
+    const NodeIndexInUse index(*this);
     for (CSimpleGUIAnimNode* node : m_anim_nodes) {
-        if (!node || node->get_type() != ANIM_NODE_TYPE_GUI) continue;
+        const NodeIndex::Item* found = node ? index->item_of(*node) : nullptr;
+        if (!found) continue;
         IActor* actor = m_system->m_scene_manager->search_actor_by_guid(node->get_internal_item_id());
         auto* offsets = track_of<SGuiOffset>(node->get_track(TRACK_TYPE_OFFSET));
         auto* sizes = track_of<SGuiSize>(node->get_track(TRACK_TYPE_SIZE));
-        if (!actor || !offsets || !sizes || !node->get_track(TRACK_TYPE_ALIGN)) continue;
-        const bool percent_leads = leading_alignment(*this, *node, *actor) == ALIGN_SCALE;
-        for (IKey* any_key : offsets->get_keys()) {
+        ITrack* aligns = node->get_track(TRACK_TYPE_ALIGN);
+        if (!actor || !offsets || !sizes || !aligns) continue;
+        const bool percent_leads = leading_alignment(aligns, *found, *actor) == ALIGN_SCALE;
+        for (IKey* any_key : offsets->keys()) {
             auto& key = static_cast<SGuiOffset&>(*any_key);
             align_key(*this, actor, percent_leads, key.m_offset, key.m_offset_percent);
         }
-        for (IKey* any_key : sizes->get_keys()) {
+        for (IKey* any_key : sizes->keys()) {
             auto& key = static_cast<SGuiSize&>(*any_key);
             align_key(*this, actor, percent_leads, key.m_size, key.m_size_percent);
         }

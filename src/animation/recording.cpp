@@ -1,5 +1,7 @@
 // Keys from what an item is at the moment.
 
+#include <algorithm>
+
 #include "animation/anim_node.h"
 #include "animation/animated_item.h"
 #include "animation/near_keys.h"
@@ -37,14 +39,22 @@ State state_of(const CSimpleGUIManager& manager, const AnimatedItem& item, IActo
 // The key at the moment, made if there is none; null if the track is missing. It may be an older key that lies near.
 template <class Key>
 Key* made_key(ITrack* track, float time) {
-    if (!track) return nullptr;
+    if (!track_of<Key>(track)) return nullptr;
     track->create_key(time, false);
     return key_at<Key>(track, time);
 }
 
 }  // namespace
 
+void CSimpleGUIAnimNode::forget_lost_tracks() {
+    const std::vector<ITrack*>& tracks = get_tracklist();
+    for (ITrack** track : {&m_offset_track, &m_size_track, &m_visible_track, &m_align_track, &m_color_track}) {
+        if (std::find(tracks.begin(), tracks.end(), *track) == tracks.end()) *track = nullptr;
+    }
+}
+
 bool CSimpleGUIAnimNode::record_key(const SAnimateContext& context) {
+    forget_lost_tracks();
     IActor* actor = m_manager->get_system()->m_scene_manager->search_actor_by_guid(get_internal_item_id());
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists()) return false;

@@ -2,13 +2,13 @@
 // another view, the form that leads stays and the other is computed anew. Alignment 9 lets the fractions lead, any
 // other the pixels.
 
-#include <cmath>
 #include <vector>
 
 #include "animation/anim_node.h"
 #include "animation/animated_item.h"
 #include "animation/interpolation.h"
 #include "animation/near_keys.h"
+#include "animation/node_index.h"
 #include "layout/anchors.h"
 #include "layout/rounding.h"
 
@@ -20,32 +20,29 @@ struct BothForms {
     VEC2 percent;
 };
 
-// The conversions for places and for sizes compute the same; one pair serves both.
-BothForms with_pixels(const CSimpleGUIManager& manager, IActor* actor, const VEC2& pixels) {
-    return {pixels, manager.get_percent_offset_by_pixel(pixels, actor)};
-}
-BothForms with_percent(const CSimpleGUIManager& manager, IActor* actor, const VEC2& percent) {
-    return {manager.get_offset_by_percent(percent, actor), percent};
-}
-
 template <class Key>
-struct Leading {
+struct Fields {
     VEC2 Key::*pixels;
     VEC2 Key::*percent;
 };
-constexpr Leading<SGuiOffset> offset_forms{&SGuiOffset::m_offset, &SGuiOffset::m_offset_percent};
-constexpr Leading<SGuiSize> size_forms{&SGuiSize::m_size, &SGuiSize::m_size_percent};
+constexpr Fields<SGuiOffset> offset_fields{&SGuiOffset::m_offset, &SGuiOffset::m_offset_percent};
+constexpr Fields<SGuiSize> size_fields{&SGuiSize::m_size, &SGuiSize::m_size_percent};
 
-template <class Key>
-BothForms forms_at(const NearKeys<Key>& keys, const Leading<Key>& forms, float moment, bool percent_leads,
-                   const CSimpleGUIManager& manager, IActor* actor) {
-    return percent_leads ? with_percent(manager, actor, mixed_field(keys, moment, forms.percent))
-                         : with_pixels(manager, actor, mixed_field(keys, moment, forms.pixels));
+VEC2 size_of(const CRect& frame) { return {static_cast<float>(frame.Width()), static_cast<float>(frame.Height())}; }
+
+BothForms from_pixels(const VEC2& pixels, const VEC2& frame) {
+    return {pixels, {fraction(pixels.x, frame.x), fraction(pixels.y, frame.y)}};
+}
+BothForms from_percent(const VEC2& percent, const VEC2& frame) {
+    return {{frame.x * percent.x, frame.y * percent.y}, percent};
 }
 
-BothForms of_frame(const VEC2& pixels, const CRect& frame) {
-    return {pixels, VEC2(fraction(pixels.x, static_cast<float>(frame.Width())),
-                         fraction(pixels.y, static_cast<float>(frame.Height())))};
+// There is a key.
+template <class Key>
+BothForms forms_at(const NearKeys<Key>& keys, const Fields<Key>& fields, float moment, bool percent_leads,
+                   const VEC2& frame) {
+    return percent_leads ? from_percent(mixed_field(keys, moment, fields.percent), frame)
+                         : from_pixels(mixed_field(keys, moment, fields.pixels), frame);
 }
 
 VEC2 place_in_frame(const AnimatedItem& item) {
@@ -56,22 +53,53 @@ VEC2 place_in_frame(const AnimatedItem& item) {
             static_cast<float>(saturated(std::int64_t{rect.top} - origin.top))};
 }
 
+bool percent_leads_at(ITrack* aligns, const SAnimateContext& context, const AnimatedItem& item) {
+    const auto near = near_keys<SGuiAlign>(aligns, context);
+    return alignment_at(aligns, near, context.m_time, item.alignment()) == ALIGN_SCALE;
+}
+
+// What each key of the track says at its own moment.
+template <class Key>
+void evaluate_keys(TBaseTrack<Key>& track, const Fields<Key>& fields, ITrack* aligns, const AnimatedItem& item,
+                   std::vector<BothForms>& results) {
+    const VEC2 frame = size_of(item.frame);
+    results.clear();
+    for (const IKey* key : track.keys()) {
+        SAnimateContext context;
+        context.m_time = key->get_time();
+        results.push_back(forms_at(near_keys<Key>(&track, context), fields, context.m_time,
+                                   percent_leads_at(aligns, context, item), frame));
+    }
+}
+
+template <class Key>
+void store_keys(TBaseTrack<Key>& track, const Fields<Key>& fields, const std::vector<BothForms>& results) {
+    for (std::size_t at = 0; at < results.size(); ++at) {
+        auto& key = static_cast<Key&>(*track.keys()[at]);
+        key.*fields.pixels = results[at].pixels;
+        key.*fields.percent = results[at].percent;
+    }
+}
+
+// Kept from one node to the next: a dialog whose size plays rescales its shapes' keys at every step.
+std::vector<BothForms> offset_results;
+std::vector<BothForms> size_results;
+
 }  // namespace
 
 void CSimpleGUIAnimNode::evaluate_at(const SAnimateContext& context, IActor* actor, VEC2& offset, VEC2& size,
                                      VEC2& offset_percent, VEC2& size_percent) {
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists() || !item.has_frame) return;
+    const VEC2 frame = size_of(item.frame);
     const auto offsets = near_keys<SGuiOffset>(get_track(TRACK_TYPE_OFFSET), context);
     const auto sizes = near_keys<SGuiSize>(get_track(TRACK_TYPE_SIZE), context);
-    const bool percent_leads = alignment_at(get_track(TRACK_TYPE_ALIGN), context, item.alignment()) == ALIGN_SCALE;
+    const bool percent_leads = percent_leads_at(get_track(TRACK_TYPE_ALIGN), context, item);
 
-    const BothForms place = offsets.none()
-                                ? of_frame(place_in_frame(item), item.frame)
-                                : forms_at(offsets, offset_forms, context.m_time, percent_leads, *m_manager, actor);
-    const BothForms extent = sizes.none()
-                                 ? of_frame(item.size(), item.frame)
-                                 : forms_at(sizes, size_forms, context.m_time, percent_leads, *m_manager, actor);
+    const BothForms place = offsets.none() ? from_pixels(place_in_frame(item), frame)
+                                           : forms_at(offsets, offset_fields, context.m_time, percent_leads, frame);
+    const BothForms extent = sizes.none() ? from_pixels(item.size(), frame)
+                                          : forms_at(sizes, size_fields, context.m_time, percent_leads, frame);
     offset = place.pixels;
     offset_percent = place.percent;
     size = extent.pixels;
@@ -79,44 +107,27 @@ void CSimpleGUIAnimNode::evaluate_at(const SAnimateContext& context, IActor* act
 }
 
 void CSimpleGUIAnimNode::rescale_keys(IActor* actor) {
-    auto* offset_track = track_of<SGuiOffset>(get_track(TRACK_TYPE_OFFSET));
-    auto* size_track = track_of<SGuiSize>(get_track(TRACK_TYPE_SIZE));
-    if (!offset_track || !size_track || !get_track(TRACK_TYPE_ALIGN)) return;
+    auto* offsets = track_of<SGuiOffset>(get_track(TRACK_TYPE_OFFSET));
+    auto* sizes = track_of<SGuiSize>(get_track(TRACK_TYPE_SIZE));
+    ITrack* aligns = get_track(TRACK_TYPE_ALIGN);
+    if (!offsets || !sizes || !aligns) return;
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists() || !item.has_frame) return;
-
     // All evaluations come ahead of the first write: the one at a key's moment reads the key's neighbours.
-    const auto evaluate = [&](const IKey& key, bool place) {
-        SAnimateContext context;
-        context.m_time = key.get_time();
-        BothForms offset;
-        BothForms size;
-        evaluate_at(context, actor, offset.pixels, size.pixels, offset.percent, size.percent);
-        return place ? offset : size;
-    };
-    std::vector<BothForms> offsets;
-    std::vector<BothForms> sizes;
-    for (const IKey* key : offset_track->get_keys()) offsets.push_back(evaluate(*key, true));
-    for (const IKey* key : size_track->get_keys()) sizes.push_back(evaluate(*key, false));
-
-    for (std::size_t at = 0; at < offsets.size(); ++at) {
-        auto& key = static_cast<SGuiOffset&>(*offset_track->get_keys()[at]);
-        key.m_offset = offsets[at].pixels;
-        key.m_offset_percent = offsets[at].percent;
-    }
-    for (std::size_t at = 0; at < sizes.size(); ++at) {
-        auto& key = static_cast<SGuiSize&>(*size_track->get_keys()[at]);
-        key.m_size = sizes[at].pixels;
-        key.m_size_percent = sizes[at].percent;
-    }
+    evaluate_keys(*offsets, offset_fields, aligns, item, offset_results);
+    evaluate_keys(*sizes, size_fields, aligns, item, size_results);
+    store_keys(*offsets, offset_fields, offset_results);
+    store_keys(*sizes, size_fields, size_results);
 }
 
 void CSimpleGUIDialog::resize_shape_animnode_key() {
     // A dialog that only moves leaves its shapes' keys alone.
     if (m_rect.Width() == m_last_rect.Width() && m_rect.Height() == m_last_rect.Height()) return;
-    for (CSimpleGUIAnimNode* node : m_manager->m_anim_nodes) {
-        if (!node || node->get_type() != ANIM_NODE_TYPE_GUI) continue;
-        if (CSimpleGUIShape* shape = get_animnode_related_shape_in_me(node)) node->rescale_keys(shape->m_actor);
+    if (m_manager->m_anim_nodes.empty()) return;
+    const NodeIndexInUse index(*m_manager);
+    for (CSimpleGUIShape* shape : m_shapes) {
+        if (!shape) continue;
+        index->each_node_of(*shape, *this, [&](CSimpleGUIAnimNode& node) { node.rescale_keys(shape->m_actor); });
     }
 }
 
@@ -126,10 +137,10 @@ CSimpleGUIShape* CSimpleGUIDialog::get_animnode_related_shape_in_me(CSimpleGUIAn
 }
 
 void CSimpleGUIManager::rescale_keys_of_dialogs() {
+    const NodeIndexInUse index(*this);
     for (CSimpleGUIAnimNode* node : m_anim_nodes) {
-        if (!node || node->get_type() != ANIM_NODE_TYPE_GUI) continue;
         // The keys of shapes went along when their dialog changed its size.
-        const CSimpleGUIDialog* dialog = get_dialog_by_guid(node->get_internal_item_id());
-        if (dialog) node->rescale_keys(dialog->m_actor);
+        const NodeIndex::Item* found = node ? index->item_of(*node) : nullptr;
+        if (found && found->dialog) node->rescale_keys(found->dialog->m_actor);
     }
 }

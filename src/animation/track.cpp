@@ -50,37 +50,75 @@ bool TBaseTrack<T>::create_key(float time, bool append) {
 }
 
 template <class T>
+void TBaseTrack<T>::note_order() {
+    // Times that are no numbers are in no order either.
+    const auto descends = [](const IKey* a, const IKey* b) { return !(a->m_time <= b->m_time); };
+    m_sorted = std::adjacent_find(m_keys.begin(), m_keys.end(), descends) == m_keys.end();
+    m_lent = false;
+}
+
+// A moment in a sorted track is found by halving. A track can be in any order while it is read or edited, and then the
+// walk decides which of several keys is meant.
+template <class T>
+template <class Condition>
+std::size_t TBaseTrack<T>::first_with(Condition condition) const {
+    const auto fails = [&](const IKey* key) { return !condition(*key); };
+    const auto found = is_searchable() ? std::partition_point(m_keys.begin(), m_keys.end(), fails)
+                                       : std::find_if_not(m_keys.begin(), m_keys.end(), fails);
+    return static_cast<std::size_t>(found - m_keys.begin());
+}
+
+template <class T>
+template <class Condition>
+std::size_t TBaseTrack<T>::behind_last_with(Condition condition) const {
+    const auto holds = [&](const IKey* key) { return condition(*key); };
+    const auto found = is_searchable() ? std::partition_point(m_keys.begin(), m_keys.end(), holds)
+                                       : std::find_if(m_keys.rbegin(), m_keys.rend(), holds).base();
+    return static_cast<std::size_t>(found - m_keys.begin());
+}
+
+template <class T>
+void TBaseTrack<T>::place_key(std::size_t place, IKey* key) {
+    const bool follows = place == 0 || m_keys[place - 1]->m_time <= key->m_time;
+    const bool precedes = place == m_keys.size() || key->m_time <= m_keys[place]->m_time;
+    m_sorted = m_sorted && follows && precedes;
+    m_keys.insert(m_keys.begin() + static_cast<std::ptrdiff_t>(place), key);
+}
+
+template <class T>
 bool TBaseTrack<T>::insert_key(IKey* key) {
     if (!key) return false;
     const float time = key->m_time;
     if (m_keys.size() < 2) {
         // A second key may lie as near to the only one as it likes.
         const bool behind = !m_keys.empty() && !(time < m_keys.front()->m_time);
-        m_keys.insert(behind ? m_keys.end() : m_keys.begin(), key);
+        place_key(behind ? 1 : 0, key);
         return false;
     }
-    const auto place = std::find_if(m_keys.begin(), m_keys.end(),
-                                    [&](const IKey* other) { return time < other->m_time + m_time_tolerance; });
-    if (place != m_keys.end() && time > (*place)->m_time - m_time_tolerance) {
+    const std::size_t place = first_with([&](const IKey& other) { return time < other.m_time + m_time_tolerance; });
+    if (place < m_keys.size() && time > m_keys[place]->m_time - m_time_tolerance) {
         delete key;
         return false;
     }
-    m_keys.insert(place, key);
+    place_key(place, key);
     return false;
 }
 
 template <class T>
 void TBaseTrack<T>::remove_key(float time) {
-    const auto found = std::find_if(m_keys.begin(), m_keys.end(), [&](const IKey* key) { return is_at(*key, time); });
-    if (found == m_keys.end()) return;
-    delete *found;
-    m_keys.erase(found);
+    const std::size_t place = first_with(
+        [&](const IKey& key) { return is_searchable() ? time < key.m_time + m_time_tolerance : is_at(key, time); });
+    if (place == m_keys.size() || !is_at(*m_keys[place], time)) return;
+    delete m_keys[place];
+    m_keys.erase(m_keys.begin() + static_cast<std::ptrdiff_t>(place));
 }
 
 template <class T>
 IKey* TBaseTrack<T>::find_key(float time) {
-    const auto found = std::find_if(m_keys.rbegin(), m_keys.rend(), [&](const IKey* key) { return is_at(*key, time); });
-    return found == m_keys.rend() ? nullptr : *found;
+    // In a sorted track only the last key that reaches back to the moment can be the last one at it.
+    const std::size_t behind = behind_last_with(
+        [&](const IKey& key) { return is_searchable() ? key.m_time - m_time_tolerance < time : is_at(key, time); });
+    return behind > 0 && is_at(*m_keys[behind - 1], time) ? m_keys[behind - 1] : nullptr;
 }
 
 template <class T>
@@ -89,47 +127,31 @@ void TBaseTrack<T>::get_value(float, tstringW&) {}
 template <class T>
 void TBaseTrack<T>::sort_keys() {
     std::stable_sort(m_keys.begin(), m_keys.end(), [](const IKey* a, const IKey* b) { return a->m_time < b->m_time; });
+    note_order();
 }
-
-template <class T>
-void TBaseTrack<T>::update_keys() {}
 
 template <class T>
 bool TBaseTrack<T>::append_key(IKey* key) {
     if (!key) return false;
-    m_keys.push_back(key);
+    place_key(m_keys.size(), key);
     return true;
 }
 
 template <class T>
 IKey* TBaseTrack<T>::find_key_before(float time) {
-    const auto found =
-        std::find_if(m_keys.rbegin(), m_keys.rend(), [&](const IKey* key) { return key->m_time < time; });
-    return found == m_keys.rend() ? nullptr : *found;
+    const std::size_t behind = behind_last_with([&](const IKey& key) { return key.m_time < time; });
+    return behind > 0 ? m_keys[behind - 1] : nullptr;
 }
 
 template <class T>
 void TBaseTrack<T>::get_near_keys(const SAnimateContext& context, IKey*& before, IKey*& after) {
-    before = nullptr;
-    after = nullptr;
     const float time = context.m_time;
-    if (context.m_speed < 0.0f) {
-        for (IKey* key : m_keys) {
-            if (time < key->m_time) {
-                after = key;
-                return;
-            }
-            before = key;
-        }
-        return;
-    }
-    for (auto at = m_keys.rbegin(); at != m_keys.rend(); ++at) {
-        if (time > (*at)->m_time) {
-            before = *at;
-            return;
-        }
-        after = *at;
-    }
+    // A key at the moment is the one that play is about to reach.
+    const std::size_t place = context.m_speed < 0.0f
+                                  ? first_with([&](const IKey& key) { return time < key.m_time; })
+                                  : behind_last_with([&](const IKey& key) { return time > key.m_time; });
+    before = place > 0 ? m_keys[place - 1] : nullptr;
+    after = place < m_keys.size() ? m_keys[place] : nullptr;
 }
 
 template class TBaseTrack<SGuiOffset>;

@@ -23,14 +23,19 @@ public:
     bool insert_key(IKey* key) override;
     void remove_key(float time) override;
     IKey* find_key(float time) override;
-    std::vector<IKey*>& get_keys() override { return m_keys; }
+    /// From here on the caller can put them in any order, so that each search walks until sort_keys or update_keys
+    /// looks at the order again.
+    std::vector<IKey*>& get_keys() override {
+        m_lent = true;
+        return m_keys;
+    }
     using ITrack::get_value;
     void get_value(float time, tstringW& value) override;
     int get_track_type() override { return m_track_type; }
     void set_track_type(int type) override { m_track_type = type; }
     /// By time; equal times keep their order.
     void sort_keys() override;
-    void update_keys() override;
+    void update_keys() override { note_order(); }
     bool is_active() override { return !m_keys.empty() && m_active; }
     void set_active(bool active) override { m_active = active; }
     int get_track_data() override { return m_track_data; }
@@ -41,10 +46,26 @@ public:
     IKey* find_key_before(float time) override;
     void get_near_keys(const SAnimateContext& context, IKey*& before, IKey*& after) override;
 
+    /// For those that leave order and times alone.
+    const std::vector<IKey*>& keys() const { return m_keys; }
+
 private:
     bool is_at(const IKey& key, float time) const;
+    bool is_searchable() const { return m_sorted && !m_lent; }
+    void note_order();
+    void place_key(std::size_t place, IKey* key);
+    /// The place of the first key that meets a condition which, once it holds in the order of time, goes on holding.
+    template <class Condition>
+    std::size_t first_with(Condition condition) const;
+    /// The place behind the last key that meets a condition which, once it fails in the order of time, goes on failing.
+    template <class Condition>
+    std::size_t behind_last_with(Condition condition) const;
 
     std::vector<IKey*> m_keys;
+    // The times ascend, as far as this class has seen to it.
+    bool m_sorted = true;
+    // Somebody outside holds the list, and may have changed it since.
+    bool m_lent = false;
     float m_time_tolerance = time_tolerance;
     int m_track_type = 0;
     bool m_active = true;

@@ -37,7 +37,8 @@ public:
             va_start(arguments, format);
             const int length = std::vswprintf(buffer.data(), buffer.size(), format, arguments);
             va_end(arguments);
-            if (length < 0) continue;
+            // Too small a buffer gives a negative length on one system, the needed one on another.
+            if (length < 0 || static_cast<std::size_t>(length) >= buffer.size()) continue;
             assign(buffer, 0, static_cast<std::size_t>(length));
             return *this;
         }
@@ -55,11 +56,16 @@ public:
     /// nowhere.
     int Replace(const tstringW& from, const tstringW& to) {
         if (from.empty()) return 0;
+        // Into a new text: in place, each occurrence would move all that stands behind it.
+        std::wstring replaced;
         int count = 0;
-        for (std::size_t at = find(from); at != npos; at = find(from, at + to.length())) {
-            replace(at, from.length(), to);
+        std::size_t done = 0;
+        for (std::size_t at = find(from); at != npos; at = find(from, done)) {
+            replaced.append(*this, done, at - done).append(to);
+            done = at + from.length();
             ++count;
         }
+        if (count > 0) assign(replaced.append(*this, done, npos));
         return count;
     }
     /// The part as a new text, cut to what there is. A negative count reaches to the end.

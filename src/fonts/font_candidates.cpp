@@ -57,6 +57,7 @@ std::wstring joined(std::wstring name, const std::wstring& word) {
 }  // namespace
 
 std::vector<std::wstring> font_candidates(const LOGFONTW& record) {
+    if (face_name(record) == default_font_name) return {};
     const font_candidate_set bases = base_names(face_name(record));
     std::vector<std::wstring> names;
     for (const std::wstring& weight : weight_words(record.lfWeight)) {

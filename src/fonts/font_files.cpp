@@ -1,12 +1,46 @@
-// What the table learns from the machine's fonts. The name map starts empty: every name then resolves to the default
-// font or to a file beside the project, and nothing is published.
+// What the table learns from the machine's fonts, and what it leaves beside a project.
 
+#include "fonts/file_names.h"
 #include "fonts/font_info.h"
+#include "fonts/font_registry.h"
+#include "fonts/logfont.h"
+#include "fonts/published_folder.h"
 
-bool CGlobalFontInfo::generate_fontname_fontpath_map() { return false; }
+bool CGlobalFontInfo::generate_fontname_fontpath_map() {
+    font_list list;
+    if (!platform::list_fonts(list)) return false;
+    // The listed name of a font goes ahead of those that its file declares, and behind those of earlier files.
+    for (const NamedFile& font : sorted_fonts(list)) {
+        m_fontname_fontpath_map.emplace(font.name, font.path);
+        scan_TTF_OTF_file_for_name(font.path);
+        if (is_collection_path(font.path)) scan_TTC_file_for_name(font.path);
+    }
+    return true;
+}
 
-void CGlobalFontInfo::scan_TTF_OTF_file_for_name(tstringW) {}
+void CGlobalFontInfo::scan_TTF_OTF_file_for_name(tstringW path) {
+    for (const tstringW& name : names_of_file(path, FontFileKind::SINGLE)) m_fontname_fontpath_map.emplace(name, path);
+}
 
-void CGlobalFontInfo::scan_TTC_file_for_name(tstringW) {}
+void CGlobalFontInfo::scan_TTC_file_for_name(tstringW path) {
+    for (const tstringW& name : names_of_file(path, FontFileKind::COLLECTION)) {
+        m_fontname_fontpath_map.emplace(name, path);
+    }
+}
 
-void CGlobalFontInfo::copy_all_fontfile_to_texture_folder() {}
+void CGlobalFontInfo::copy_all_fontfile_to_texture_folder() {
+    if (!m_system) return;
+    const std::wstring folder = published_folder(m_system->project_file_path);
+    for (IBaseFont* font : m_gui_fonts) {
+        const auto path = m_fontpath_by_font.find(font);
+        if (!font || path == m_fontpath_by_font.end()) continue;
+        const std::wstring file = filefun::get_pure_filename(path->second.c_str(), true);
+        // The folder is made for the default font too, whose file is nobody's.
+        filefun::create_path(folder.c_str());
+        if (file == default_font_name) continue;
+        if (!platform::copy_file(path->second, folder + file)) {
+            zov_simple_log(LOG_FONT, L"Font file open failed.", nullptr);
+        }
+    }
+    platform::show_message(L"复制完成");
+}

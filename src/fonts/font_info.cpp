@@ -7,15 +7,13 @@
 
 namespace {
 
-constexpr const wchar_t* default_name = L"Default";
-
 LOGFONTW default_record(const IBaseFont& font) {
     LOGFONTW record{};
     record.lfHeight = font.get_height();
     record.lfWeight = 400;
     record.lfItalic = font.is_italic() ? 1 : 0;
     record.lfCharSet = 255;
-    set_face_name(record, default_name);
+    set_face_name(record, default_font_name);
     return record;
 }
 
@@ -27,7 +25,7 @@ CGlobalFontInfo::CGlobalFontInfo(XSystem* system) : m_system(system) {
     m_gui_fonts.assign(slot_count, font);
     m_default_logfont = default_record(*font);
     m_logfont_by_font[font] = m_default_logfont;
-    m_fontpath_by_font[font] = default_name;
+    m_fontpath_by_font[font] = default_font_name;
     generate_fontname_fontpath_map();
 }
 
@@ -95,7 +93,8 @@ LOGFONTW CGlobalFontInfo::get_logfont_by_font(IBaseFont* font) const {
 
 tstringW CGlobalFontInfo::get_fontpath_by_font(IBaseFont* font) const {
     const auto found = m_fontpath_by_font.find(font);
-    return found == m_fontpath_by_font.end() || font == m_system->default_font ? tstringW(default_name) : found->second;
+    return found == m_fontpath_by_font.end() || font == m_system->default_font ? tstringW(default_font_name)
+                                                                               : found->second;
 }
 
 IBaseFont* CGlobalFontInfo::font_of_slot(int slot) const {

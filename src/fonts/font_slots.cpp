@@ -25,11 +25,9 @@ bool CGlobalFontInfo::change_font(const LOGFONTW& record, int number, bool loadi
 
     tstringW path;
     IBaseFont* font = create_font_from_logfont(record, path);
-    if (!font && loading) {
-        // The copy beside the project has no path of its own: a save writes no file name for it.
-        path.clear();
-        font = create_font_beside_project(record, slot);
-    }
+    // The copy beside the project brings no path: a save then writes no file name for it, or the name of a listed file
+    // that was found by name and is gone.
+    if (!font && loading) font = create_font_beside_project(record, slot);
     if (font) {
         m_logfont_by_font.emplace(font, record);
         m_fontpath_by_font.emplace(font, path);

@@ -7,8 +7,8 @@
 #include "fonts/code_units.h"
 
 tstringW face_name(const LOGFONTW& record) {
-    const auto* end = std::find(std::begin(record.lfFaceName), std::end(record.lfFaceName), u'\0');
-    return wide_from_units({record.lfFaceName, end});
+    const auto* end = std::find(std::begin(record.lfFaceName), std::end(record.lfFaceName), 0);
+    return wide_from_units(std::u16string(std::begin(record.lfFaceName), end));
 }
 
 void set_face_name(LOGFONTW& record, const tstringW& name) {
@@ -19,7 +19,7 @@ void set_face_name(LOGFONTW& record, const tstringW& name) {
         // Half of a surrogate pair would be no character at all.
         if (is_high_surrogate(units.back())) units.pop_back();
     }
-    std::fill(std::begin(record.lfFaceName), std::end(record.lfFaceName), u'\0');
+    std::fill(std::begin(record.lfFaceName), std::end(record.lfFaceName), 0);
     std::copy(units.begin(), units.end(), record.lfFaceName);
 }
 

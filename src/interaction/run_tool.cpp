@@ -99,6 +99,8 @@ void run_if_there(CSimpleGUIShape* shape, ScriptMember script) {
 
 }  // namespace
 
+CSimpleGUIShape* CSimpleGUIManager::get_hover_shape() const { return s_hover_shape.get(); }
+
 CMTGUIRun::CMTGUIRun(XSystem* system, CSimpleGUIManager* manager)
     : CMouseTool(system, L"CMTGUIRun"), m_manager(manager) {
     ++run_count;

@@ -1,8 +1,11 @@
 // The whole layout follows the view.
 
+#include "animation/node_index.h"
 #include "module/manager.h"
 
 void CSimpleGUIManager::on_size_changed(int, int) {
+    // Each dialog looks for the nodes of its shapes; one index serves them all.
+    const NodeIndexInUse index(*this);
     for (auto at = m_dialogs.rbegin(); at != m_dialogs.rend(); ++at) {
         if (*at) (*at)->update_rect();
     }

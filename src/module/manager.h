@@ -52,6 +52,9 @@ public:
     void set_current_edit_dialog(CSimpleGUIDialog* dialog);
     CSimpleGUIDialog* get_editing_dialog() const;
 
+    /// The shape under the mouse as the last move of a run found it, or null. For editors and tools.
+    CSimpleGUIShape* get_hover_shape() const;
+
     /// The first item of that exact name or identifier in its list, or null; removed and hidden ones included.
     CSimpleGUIDialog* get_dialog_by_name(tstringW name) const;
     CSimpleGUIDialog* get_dialog_by_guid(CGuid id) const;

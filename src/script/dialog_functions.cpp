@@ -44,8 +44,9 @@ void Functions::gui_script_set_wnd_size(xfunc_desc* call) {
     const VEC3 second = call->params[3]->get_VEC();
     CRect rect = truncated_rect({across * first.x, down * first.y, across * second.x, down * second.y});
     if (int_param(call, 4) != 0) {
-        rect = {std::max(rect.left, 0), std::max(rect.top, 0), std::min(rect.right, client.Width()),
-                std::min(rect.bottom, client.Height())};
+        rect = CRect(std::max<std::int32_t>(rect.left, 0), std::max<std::int32_t>(rect.top, 0),
+                     std::min<std::int32_t>(rect.right, client.Width()),
+                     std::min<std::int32_t>(rect.bottom, client.Height()));
     }
     dialog->set_rect(rect, false);
 }

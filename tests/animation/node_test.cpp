@@ -66,6 +66,21 @@ TEST_F(NodeTest, PlacesADialogBetweenItsKeys) {
         {"towards another anchor", {{0, {0, 0}}, {1, {-100, -100}}}, {{0, 0}, {1, 4}}, 0.5f, 1, {350, 250, 410, 290}},
         {"at the other anchor", {{0, {0, 0}}, {1, {-100, -100}}}, {{0, 0}, {1, 4}}, 1, 1, {700, 500, 760, 540}},
         {"to the scale mode", {{0, {0, 0}}, {1, {200, 100}}}, {{0, 8}, {1, 9}}, 0.5f, 1, {300, 200, 360, 240}},
+        {"from the scale mode", {{0, {200, 100}}, {1, {0, 0}}}, {{0, 9}, {1, 8}}, 0.5f, 1, {300, 200, 360, 240}},
+        {"hardly ahead of the other anchor",
+         {{0, {0, 0}}, {1, {-100, -100}}},
+         {{0, 0}, {1, 4}},
+         0.98f,
+         1,
+         {702, 502, 762, 542}},
+        {"back from the other anchor", {{0, {0, 0}}, {1, {-100, -100}}}, {{0, 0}, {1, 4}}, 1, -1, {700, 500, 760, 540}},
+        {"by anchors between its places",
+         {{0, {0, 0}}, {2, {100, 0}}},
+         {{0, 0}, {1, 2}, {1.5f, 0}},
+         0.5f,
+         1,
+         {225, 0, 285, 40}},
+        {"at two keys of one time", {{1, {10, 20}}, {1, {100, 0}}}, {}, 1, 1, {10, 20, 70, 60}},
         {"without place keys", {}, {{0, 8}}, 0, 1, {403, 305, 463, 345}},
     };
     for (const Moment& moment : moments) {
@@ -77,24 +92,6 @@ TEST_F(NodeTest, PlacesADialogBetweenItsKeys) {
         play(node, moment.time, moment.speed);
         EXPECT_EQ(moved->m_rect, moment.expected);
     }
-}
-
-TEST_F(NodeTest, SizesColoursAndShowsAShape) {
-    CSimpleGUIShape* button = shape(dialog({100, 50, 500, 350}), {110, 60, 130, 80});
-    CSimpleGUIAnimNode& node = node_of(button);
-    key<SGuiSize>(node, TRACK_TYPE_SIZE, 0).m_size = {20, 20};
-    key<SGuiSize>(node, TRACK_TYPE_SIZE, 1).m_size = {41, 60};
-    key<SGuiColor>(node, TRACK_TYPE_COLOR, 0).m_color = {0, 0, 0, 0};
-    key<SGuiColor>(node, TRACK_TYPE_COLOR, 1).m_color = {1, 0.5f, 0, 1};
-    key<SGuiVisible>(node, TRACK_TYPE_VISIBLE, 0).m_visible = 1;
-    key<SGuiVisible>(node, TRACK_TYPE_VISIBLE, 1).m_visible = 0;
-    play(node, 0.5f);
-    EXPECT_EQ(button->m_rect, CRect(110, 60, 141, 100)) << "each edge is rounded for itself: 30.5 wide";
-    EXPECT_EQ(button->m_color, VEC4(0.5f, 0.25f, 0, 0.5f));
-    play(node, 1);
-    EXPECT_TRUE(button->m_actor->is_visible()) << "visibility steps behind its key, not at it";
-    play(node, 1.5f);
-    EXPECT_FALSE(button->m_actor->is_visible());
 }
 
 TEST_F(NodeTest, LeavesAShapeWithoutADialogAlone) {
@@ -111,63 +108,63 @@ TEST_F(NodeTest, LeavesAShapeWithoutADialogAlone) {
     EXPECT_EQ(results[3].y, 7);
 }
 
-TEST_F(NodeTest, RecordsBothFormsOfAnItem) {
+TEST_F(NodeTest, RecordsIntoTheKeyThatTheMomentFinds) {
     CSimpleGUIDialog* parent = dialog({0, 0, 400, 200});
-    CSimpleGUIShape* scaled = shape(parent, {100, 50, 300, 150});
-    scaled->set_scale_mode(1);
-    CSimpleGUIAnimNode& node = node_of(scaled);
-    ASSERT_TRUE(node.record_key({}));
-    const auto& place = static_cast<SGuiOffset&>(*node.get_track(TRACK_TYPE_OFFSET)->get_keys().front());
-    const auto& extent = static_cast<SGuiSize&>(*node.get_track(TRACK_TYPE_SIZE)->get_keys().front());
-    EXPECT_EQ(place.m_offset.x, 100);
-    EXPECT_EQ(place.m_offset_percent.y, 0.25f);
-    EXPECT_EQ(extent.m_size.x, 200);
-    EXPECT_EQ(extent.m_size_percent.y, 0.5f);
-    EXPECT_EQ(static_cast<SGuiAlign&>(*node.get_track(TRACK_TYPE_ALIGN)->get_keys().front()).m_align, 9);
-    EXPECT_EQ(static_cast<SGuiColor&>(*node.get_track(TRACK_TYPE_COLOR)->get_keys().front()).m_color, scaled->m_color);
-    engine.destroy(scaled);
-    EXPECT_FALSE(node.record_key({}));
+    parent->set_align_type(4);
+    CSimpleGUIAnimNode& node = node_of(parent);
+    align_keys(node, {{1, 7}});
+    node.remove_track(node.get_track(TRACK_TYPE_SIZE));
+    SAnimateContext context;
+    context.m_time = 0.99f;
+    ASSERT_TRUE(node.record_key(context));
+    EXPECT_EQ(node.m_size_track, nullptr) << "a track that is gone gets no key";
+    const std::vector<IKey*>& aligns = node.get_track(TRACK_TYPE_ALIGN)->get_keys();
+    ASSERT_EQ(aligns.size(), 2u);
+    EXPECT_EQ(static_cast<SGuiAlign*>(aligns[1])->m_align, 4) << "the older key is the later one at the moment";
+    EXPECT_EQ(static_cast<SGuiAlign*>(aligns[0])->m_align, 0) << "nobody has filled the new one";
+    EXPECT_EQ(node.get_track(TRACK_TYPE_COLOR)->get_key_count(), 0) << "a dialog has no colour";
+    context.m_time = 1.02f;
+    ASSERT_TRUE(node.record_key(context));
+    EXPECT_EQ(aligns.size(), 2u) << "a moment that is taken keeps its key";
 }
 
-TEST_F(NodeTest, KeysFollowAFrameByTheFormThatLeads) {
-    struct Row {
-        int align;
-        VEC2 pixels;
-        VEC2 percent;
-    };
-    // A shape's key in a dialog that doubles: fractions lead under the scale mode, pixels under an anchor.
-    for (const Row& row : {Row{9, {200, 300}, {0.25f, 0.5f}}, Row{0, {100, 150}, {0.125f, 0.25f}}}) {
-        CSimpleGUIDialog* parent = dialog({0, 0, 400, 300});
-        CSimpleGUIAnimNode& node = node_of(shape(parent, {0, 0, 10, 10}));
-        align_keys(node, {{0, row.align}});
-        auto& place = key<SGuiOffset>(node, TRACK_TYPE_OFFSET, 1);
-        place.m_offset = {100, 150};
-        place.m_offset_percent = {0.25f, 0.5f};
-        parent->set_rect({50, 50, 450, 350}, false);
-        EXPECT_EQ(place.m_offset.x, 100) << "a dialog that only moves leaves the keys alone";
-        parent->set_rect({0, 0, 800, 600}, false);
-        EXPECT_EQ(place.m_offset.x, row.pixels.x);
-        EXPECT_EQ(place.m_offset.y, row.pixels.y);
-        EXPECT_EQ(place.m_offset_percent.x, row.percent.x);
-        EXPECT_EQ(place.m_offset_percent.y, row.percent.y);
+TEST_F(NodeTest, KeysDoNotDrift) {
+    CSimpleGUIDialog* parent = dialog({100, 100, 333, 417});
+    parent->set_scale_mode(1);
+    std::vector<CSimpleGUIAnimNode*> animated{&node_of(parent), &node_of(shape(parent, {0, 0, 10, 10}))};
+    for (CSimpleGUIAnimNode* node : animated) {
+        align_keys(*node, {{0, 9}, {1, 4}, {2, 9}});
+        for (int at = 0; at < 3; ++at) {
+            const float part = 0.1f + static_cast<float>(at) / 7;
+            auto& place = key<SGuiOffset>(*node, TRACK_TYPE_OFFSET, static_cast<float>(at));
+            place.m_offset = {part * 97, -part};
+            place.m_offset_percent = {part, -part};
+            key<SGuiSize>(*node, TRACK_TYPE_SIZE, static_cast<float>(at)).m_size_percent = {part, 1 / part};
+        }
     }
-}
-
-TEST_F(NodeTest, KeysOfADialogFollowTheView) {
-    CSimpleGUIAnimNode& scaled = node_of(dialog({0, 0, 100, 100}));
-    CSimpleGUIAnimNode& trackless = node_of(dialog({0, 0, 100, 100}));
-    trackless.remove_track(trackless.get_track(TRACK_TYPE_ALIGN));
-    align_keys(scaled, {{0, 9}});
-    for (CSimpleGUIAnimNode* node : {&scaled, &trackless}) {
-        auto& extent = key<SGuiSize>(*node, TRACK_TYPE_SIZE, 0);
-        extent.m_size = {400, 300};
-        extent.m_size_percent = {0.5f, 0.5f};
-    }
-    engine.resize(1000, 0);
-    const auto size_of = [](CSimpleGUIAnimNode& node) {
-        return static_cast<SGuiSize*>(node.get_track(TRACK_TYPE_SIZE)->get_keys().front());
+    const auto all_numbers = [&] {
+        std::vector<float> numbers;
+        for (CSimpleGUIAnimNode* node : animated) {
+            for (const IKey* any_key : node->get_track(TRACK_TYPE_OFFSET)->get_keys()) {
+                const auto& place = static_cast<const SGuiOffset&>(*any_key);
+                const VEC2 &pixels = place.m_offset, &percent = place.m_offset_percent;
+                numbers.insert(numbers.end(), {pixels.x, pixels.y, percent.x, percent.y});
+            }
+            for (const IKey* any_key : node->get_track(TRACK_TYPE_SIZE)->get_keys()) {
+                const auto& extent = static_cast<const SGuiSize&>(*any_key);
+                const VEC2 &pixels = extent.m_size, &percent = extent.m_size_percent;
+                numbers.insert(numbers.end(), {pixels.x, pixels.y, percent.x, percent.y});
+            }
+        }
+        return numbers;
     };
-    EXPECT_EQ(size_of(scaled)->m_size.x, 500);
-    EXPECT_EQ(size_of(scaled)->m_size.y, 0);
-    EXPECT_EQ(size_of(trackless)->m_size.x, 400) << "without an alignment track nothing says which form leads";
+    engine.resize(400, 300);
+    engine.resize(801, 600);
+    const std::vector<float> before = all_numbers();
+    const CRect rect = parent->m_rect;
+    for (int at = 0; at < 10000; ++at) engine.resize(at % 1999, at % 1201);
+    EXPECT_NE(all_numbers(), before);
+    engine.resize(801, 600);
+    EXPECT_EQ(all_numbers(), before);
+    EXPECT_EQ(parent->m_rect, rect);
 }

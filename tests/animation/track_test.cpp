@@ -22,70 +22,7 @@ std::vector<float> times_of(ITrack& track) {
     return times;
 }
 
-float time_of(const IKey* key) { return key ? key->m_time : -1.0f; }
-
 }  // namespace
-
-TEST(Track, InsertsByTimeAndRefusesATakenMoment) {
-    struct Row {
-        std::vector<float> keys;
-        float time;
-        std::vector<float> expected;
-    };
-    const Row rows[] = {
-        {{}, 3, {3}},
-        {{1}, 1.01f, {1, 1.01f}},
-        {{1}, 1, {1, 1}},
-        {{1}, 0.99f, {0.99f, 1}},
-        {{1, 2}, 1.01f, {1, 2}},
-        {{0, 1}, 0.02f, {0, 1}},
-        {{0, 1}, 0.04f, {0, 0.04f, 1}},
-        {{0, 1}, 5, {0, 1, 5}},
-        {{0, 1}, -1, {-1, 0, 1}},
-        {{0, 1}, time_tolerance, {0, time_tolerance, 1}},
-        {{0, 1}, 1 - time_tolerance, {0, 1 - time_tolerance, 1}},
-    };
-    for (const Row& row : rows) {
-        const CMyComPtr<ITrack> track = track_of(row.keys);
-        EXPECT_FALSE(track->create_key(row.time, false));
-        EXPECT_EQ(times_of(*track), row.expected) << row.time;
-    }
-    EXPECT_FALSE(track_of({})->insert_key(nullptr));
-}
-
-TEST(Track, FindsAndRemovesWithinTheToleranceOnly) {
-    const CMyComPtr<ITrack> track = track_of({0, 1, 1.01f, 2});
-    EXPECT_EQ(time_of(track->find_key(0.02f)), 0.0f);
-    EXPECT_EQ(time_of(track->find_key(1)), 1.01f) << "the later one";
-    EXPECT_EQ(track->find_key(time_tolerance), nullptr) << "strictly within";
-    EXPECT_EQ(time_of(track->find_key_before(1)), 0.0f);
-    EXPECT_EQ(track->find_key_before(0), nullptr);
-    track->remove_key(1.005f);
-    EXPECT_EQ(times_of(*track), (std::vector<float>{0, 1.01f, 2})) << "the earlier one";
-    track->remove_key(1.5f);
-    EXPECT_EQ(track->get_key_count(), 3);
-}
-
-TEST(Track, HandsOutTheKeysAroundAMoment) {
-    struct Row {
-        float time, speed, before, after;
-    };
-    const Row rows[] = {{1, 1, -1, 1}, {1, -1, 1, 2},  {1.5f, 1, 1, 2}, {1.5f, -1, 1, 2}, {0, 1, -1, 1},
-                        {3, 1, 2, -1}, {3, -1, 2, -1}, {0, -1, -1, 1},  {2, 0, 1, 2},     {2, -0.0f, 1, 2}};
-    const CMyComPtr<ITrack> track = track_of({1, 2});
-    for (const Row& row : rows) {
-        IKey* before = nullptr;
-        IKey* after = nullptr;
-        track->get_near_keys({row.time, row.speed, 0}, before, after);
-        EXPECT_EQ(time_of(before), row.before) << row.time << " " << row.speed;
-        EXPECT_EQ(time_of(after), row.after) << row.time << " " << row.speed;
-    }
-    IKey* before = track->get_keys()[0];
-    IKey* after = before;
-    track_of({})->get_near_keys({}, before, after);
-    EXPECT_EQ(before, nullptr);
-    EXPECT_EQ(after, nullptr);
-}
 
 TEST(Track, IsActiveOnlyWithKeys) {
     const CMyComPtr<ITrack> track = track_of({});

@@ -31,6 +31,10 @@ TEST(Text, ReplacesEachOccurrenceOnce) {
     EXPECT_EQ(text.Replace(L"", L"x"), 0);
     EXPECT_EQ(text.Replace(L"aaaa", L""), 1);
     EXPECT_EQ(text, L"aa");
+    // Scripts may give megabytes; this has to take milliseconds, not minutes.
+    tstringW long_text(std::wstring(1 << 21, L'a'));
+    EXPECT_EQ(long_text.Replace(L"a", L"bb"), 1 << 21);
+    EXPECT_EQ(long_text.size(), 1 << 22);
 }
 
 TEST(Text, CutsPartsToWhatThereIs) {

@@ -93,7 +93,7 @@ TEST(FontKeys, AnOverlongFaceNameIsCutInsideItsField) {
     EXPECT_EQ(face_name(record), std::wstring(31, L'字'));
     set_face_name(record, std::wstring(30, L'x') + L"\U0001F600");
     EXPECT_EQ(face_name(record), std::wstring(30, L'x')) << "no half of a pair";
-    for (char16_t& unit : record.lfFaceName) unit = u'y';
+    for (auto& unit : record.lfFaceName) unit = u'y';
     EXPECT_EQ(face_name(record), std::wstring(32, L'y')) << "a field without its zero";
 }
 

@@ -34,12 +34,6 @@ TEST(LuaBox, StopsScriptsThatWouldNotEnd) {
         {"local s = 'x' while true do s = s .. s end", "memory"},
         {"return ('x'):rep(1 << 40)", "too long"},
         {"return ('xy'):rep(1 << 62, 'z')", "too long"},
-        {"return ('a'):rep(3000):find(('a*'):rep(10) .. 'b')", "pattern"},
-        {"return ('a'):rep(40):match(('a?'):rep(40) .. ('a'):rep(40))", "pattern"},
-        {"return ('a'):rep(1 << 21):find(('a'):rep(1 << 20) .. 'b', 1, true)", "pattern"},
-        {"return ('a'):rep(1 << 21):find(('a'):rep(1 << 20) .. '[b]')", "pattern"},
-        {"return ('('):rep(1 << 19):gsub('%b()', '')", "pattern"},
-        {"for x in ('^'):rep(30000):gmatch('^^*^*b') do end", "pattern"},
         {"return table.concat(setmetatable({}, {__len = function() return 1 << 60 end}))", "length"},
         {"return table.move({}, 1, 1 << 60, 2)", "too many"},
         {"return table.unpack({}, 1, 1 << 30)", "too many"},
@@ -95,6 +89,25 @@ TEST(LuaBox, OffersNothingButItsList) {
     EXPECT_EQ(names,
               "_G _VERSION assert error getmetatable ipairs math next pairs pcall print rawequal rawget rawlen rawset "
               "select setmetatable string table tonumber tostring type utf8 xpcall");
+}
+
+// By itself Lua seeds its tables with addresses and the time of day, so that no two runs walk and print alike.
+TEST(LuaBox, WalksAndPrintsTheSameInEveryRun) {
+    LuaBox box;
+    std::string printed;
+    box.on_print = [&printed](const std::string& line) { printed += line + "\n"; };
+    LuaError error;
+    EXPECT_TRUE(box.run(R"(
+        local t = {[3] = 1, [-0.5] = 1, [true] = 1}
+        for word in ('kilo lima alpha oscar bravo echo golf'):gmatch('%a+') do t[word] = 1 end
+        for key in pairs(t) do t.alpha = nil; print(key) end
+        for key in pairs(setmetatable({}, {__pairs = function() return next, {own = 1} end})) do print(key) end
+        print({}, print, 0 / 0, -(0 / 0), 1 / 0, tostring({}), string.format('%s', {})))",
+                        error))
+        << error.message;
+    EXPECT_EQ(printed,
+              "-0.5\n3\nbravo\necho\ngolf\nkilo\nlima\noscar\ntrue\nown\n"
+              "table\tfunction\tnan\tnan\tinf\ttable\ttable\n");
 }
 
 TEST(LuaBox, RefusesByteCodeAndTellsTheLine) {

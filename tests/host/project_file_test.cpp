@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <random>
 #include <regex>
 
+#include "host/core/project_text.h"
 #include "host/core/text_conversion.h"
 
 namespace {
@@ -122,6 +124,36 @@ TEST(ProjectFile, KeepsOrderAndRepeatedNames) {
     EXPECT_EQ(std::get<CRect>(*back.items[0].data.child("key")->find("key")), CRect(-1, 2, INT32_MIN, INT32_MAX));
 }
 
+TEST(ProjectFile, KeepsAnimationsWithTheirNodes) {
+    ProjectDocument document;
+    for (const wchar_t* name : {L"滑入 \"<&\"", L"\x01", L""}) {
+        ProjectAnimation& animation = document.animations.emplace_back();
+        animation.name = name;
+        animation.info = {std::bit_cast<float>(0xFFC12345u), -0.0f, INT32_MIN, 7, 1e-45f};
+        animation.starts_by_itself = *name != 0;
+        for (const unsigned type : {1001u, 0xFFFFFFFFu}) {
+            ProjectAnimNode& node = animation.nodes.emplace_back();
+            node.type = type;
+            if (type == 1001) node.item = CGuid(from_utf8(some_id).c_str());
+            node.data.add("tracks").set("k", 0.1f);
+        }
+        document.animations.emplace_back();
+    }
+    const ProjectDocument back = reread(document);
+    EXPECT_EQ(formatted(back), formatted(document));
+    ASSERT_EQ(back.animations.size(), 6u);
+    const ProjectAnimation& second = back.animations[2];
+    EXPECT_EQ(second.name, L"\x01");
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(second.info.length), 0xFFC12345u);
+    EXPECT_TRUE(std::signbit(second.info.rate) && second.info.mode_flag == INT32_MIN && second.info.mode_count == 7);
+    EXPECT_TRUE(second.starts_by_itself && second.info.factor == 1e-45f);
+    ASSERT_EQ(second.nodes.size(), 2u);
+    EXPECT_EQ(format_guid(second.nodes[0].item), some_id);
+    EXPECT_EQ(second.nodes[1].type, 0xFFFFFFFFu);
+    EXPECT_EQ(outline(second.nodes[1].data), "anim_node(tracks(k ))");
+    EXPECT_EQ(second.nodes[0].line, 22);
+}
+
 TEST(ProjectFile, RefusesToWriteANameThatNoFileCanHold) {
     for (const char* name : {"\xFF", "a\x01", "\xED\xA0\x80"}) {
         ProjectDocument document;
@@ -148,6 +180,10 @@ std::string item_with(const std::string& body) {
 }
 std::string items_with(const std::string& body) {
     return "<project version=\"1\">\n<items>\n" + body + "\n</items></project>";
+}
+// The body begins in line 3.
+std::string animations_with(const std::string& body) {
+    return "<project version=\"1\">\n<animations>\n" + body + "\n</animations></project>";
 }
 std::string repeated(const std::string& text, int count) {
     std::string all;
@@ -193,6 +229,17 @@ TEST(ProjectFile, RefusesWhatIsWrongAndNamesThePlace) {
         {items_with(item + "/>\n" + item + "/>"), 4, "twice"},
         {items_with("\n" + item + " parent=\"" + other_id + "\"/>"), 4, "parent"},
         {items_with("\n" + item + " parent=\"" + some_id + "\"/>"), 4, "parent"},
+        {animations_with("<anim_node type=\"1\"/>"), 3, "<anim_node>"},
+        {animations_with("<animation colour=\"red\"/>"), 3, "colour"},
+        {animations_with("<animation length=\"long\"/>"), 3, "\"long\""},
+        {animations_with("<animation mode_count=\"0.5\"/>"), 3, "0.5"},
+        {animations_with("<animation start=\"2\"/>"), 3, "start"},
+        {animations_with("<animation name=\"a\" name-escaped=\"b\"/>"), 3, "twice"},
+        {animations_with("<animation>\n<node name=\"a\"/></animation>"), 4, "<node>"},
+        {animations_with("<animation>\nwords</animation>"), 4, "words"},
+        {animations_with("<animation>\n<anim_node/></animation>"), 4, "type"},
+        {animations_with("<animation>\n<anim_node type=\"1\" item=\"xyz\"/></animation>"), 4, "xyz"},
+        {animations_with("<animation>\n<anim_node type=\"1\">\n<child/></anim_node></animation>"), 5, "<child>"},
         {item_with("<double key=\"k\" value=\"1\"/>"), 4, "<double>"},
         {item_with("<int value=\"1\"/>"), 4, "key"},
         {item_with("<int key=\"k\"/>"), 4, "value"},

@@ -57,9 +57,9 @@ TEST_F(Scripts, AWrongCallNamesFunctionParameterAndValue) {
     } calls[] = {
         {"sum()", "sum takes 6 values, 0 given"},
         {"silent(1)", "silent takes 0 values, 1 given"},
-        {"sum(1.5, 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number, 1.5 given"},
-        {"sum('1', 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number, 1 given"},
-        {"sum(1 << 31, 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number, 2147483648 given"},
+        {"sum(1.5, 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number of 32 bits, 1.5 given"},
+        {"sum('1', 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number of 32 bits, \"1\" given"},
+        {"sum(1 << 31, 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number of 32 bits, 2147483648 given"},
         {"sum(1, nil, 0, '', {}, {})", "sum: parameter 2 (speed) must be a number, nil given"},
         {"sum(1, 0, 2, '', {}, {})", "sum: parameter 3 (on) must be true or false (or 1 or 0), 2 given"},
         {"sum(1, 0, 0, print, {}, {})", "sum: parameter 4 (name) must be a text, function given"},

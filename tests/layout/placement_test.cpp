@@ -7,7 +7,6 @@
 
 #include "layout/rounding.h"
 #include "layout/text_anchor.h"
-#include "support/gui_test.h"
 
 namespace {
 
@@ -112,102 +111,5 @@ TEST(Placement, StandsTheExtremes) {
                 for (int position = 0; position < 12; ++position) text_anchor(frame, position, anchor);
             }
         }
-    }
-}
-
-TEST_F(GuiTest, OffsetsChangeTheirAlignmentWithExactHalves) {
-    struct Row {
-        int to, from;
-        float x, y;
-    };
-    const Row rows[] = {
-        {0, 8, 410.5f, 320.5f}, {8, 0, -390.5f, -280.5f}, {4, 0, -791, -581}, {0, 5, 410.5f, 621},     {9, 2, 811, 20},
-        {3, 9, -791, -280.5f},  {7, 7, 10, 20},           {-4, 6, 10, 621},   {1, 7, -390.5f, 320.5f},
-    };
-    for (const Row& row : rows) {
-        const VEC2 got = gui.get_offset_of_dif_align(row.to, row.from, {5, 6, 806, 607}, {10, 20});
-        EXPECT_FLOAT_EQ(got.x, row.x) << row.from << " to " << row.to;
-        EXPECT_FLOAT_EQ(got.y, row.y) << row.from << " to " << row.to;
-    }
-}
-
-TEST_F(GuiTest, RectanglesFollowTheirRootByAlignment) {
-    struct Row {
-        int align, scale;
-        CRect expected;
-    };
-    // A rectangle of odd width in a root that moves by (5, 7) and grows from 800 x 600 to 1000 x 900.
-    const Row rows[] = {
-        {0, 0, {105, 57, 156, 77}},   {1, 0, {136, 57, 187, 77}},   {2, 0, {305, 57, 356, 77}},
-        {3, 0, {305, 87, 356, 107}},  {4, 0, {305, 357, 356, 377}}, {5, 0, {136, 357, 187, 377}},
-        {6, 0, {105, 357, 156, 377}}, {7, 0, {105, 87, 156, 107}},  {8, 0, {136, 87, 187, 107}},
-        {9, 0, {105, 57, 156, 77}},   {8, 1, {130, 82, 193, 112}},  {0, 7, {130, 82, 193, 112}},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(gui.resize_rect_according_to_root({110, 60, 161, 80}, {10, 10, 810, 610}, {5, 7, 1005, 907},
-                                                    row.align, row.scale),
-                  row.expected)
-            << row.align << " " << row.scale;
-    }
-    const auto centred = [&](const CRect& rect) {
-        return gui.resize_rect_according_to_root(rect, {10, 10, 810, 610}, {5, 7, 1005, 907}, 1, 0);
-    };
-    EXPECT_EQ(centred({112, 60, 163, 80}), CRect(138, 57, 189, 77)) << "138.875 and 189.875";
-    EXPECT_EQ(centred({-90, 60, -39, 80}), CRect(-113, 57, -62, 77)) << "-113.625 and -62.625";
-    EXPECT_EQ(gui.resize_rect_according_to_root({-11, 0, -10, 3}, {0, 0, 800, 600}, {0, 0, 400, 600}, 0, 1),
-              CRect(-5, 0, -5, 3))
-        << "cut off towards zero, not down";
-}
-
-TEST_F(GuiTest, ConvertsPercentsAgainstTheFrameOfTheActorsItem) {
-    CSimpleGUIDialog* parent = dialog({100, 100, 300, 150});
-    CSimpleGUIShape* child = shape(parent, {});
-    CSimpleGUIShape* orphan = engine.make<CSimpleGUIShape>(ITEM_TYPE_SHAPE);
-    const CMyComPtr<IBaseItem> stranger(new IBaseItem);
-    IActor* strange = engine.scene.create_actor(stranger.get(), nullptr, 1);
-    IActor* empty = engine.scene.create_actor(nullptr, nullptr, 1);
-    // The view on record counts for dialogs, not the view of the moment.
-    engine.client = {0, 0, 1, 1};
-    struct Row {
-        IActor* actor;
-        float width, height;
-    };
-    const Row rows[] = {{parent->m_actor, 800, 600},
-                        {child->m_actor, 200, 50},
-                        {orphan->m_actor, 0, 0},
-                        {strange, 0, 0},
-                        {empty, 0, 0},
-                        {nullptr, 0, 0}};
-    for (const Row& row : rows) {
-        for (const VEC2 pixels :
-             {gui.get_offset_by_percent({0.5f, 2}, row.actor), gui.get_size_by_percent({0.5f, 2}, row.actor)}) {
-            EXPECT_FLOAT_EQ(pixels.x, row.width * 0.5f);
-            EXPECT_FLOAT_EQ(pixels.y, row.height * 2);
-        }
-        for (const VEC2 share : {gui.get_percent_offset_by_pixel({20, 30}, row.actor),
-                                 gui.get_percent_size_by_pixel({20, 30}, row.actor)}) {
-            EXPECT_FLOAT_EQ(share.x, row.width > 0 ? 20 / row.width : 0);
-            EXPECT_FLOAT_EQ(share.y, row.height > 0 ? 30 / row.height : 0);
-        }
-    }
-    parent->m_rect = {5, 5, 5, 5};
-    EXPECT_EQ(gui.get_percent_offset_by_pixel({20, 30}, child->m_actor).x, 0.0f);
-}
-
-TEST_F(GuiTest, TextsHangOnTwelveAnchorsRelativeToTheDialog) {
-    CSimpleGUIDialog* parent = dialog({100, 50, 400, 300});
-    CSimpleGUIShape* child = shape(parent, {110, 60, 131, 71});
-    constexpr int x[] = {10, 21, 31};
-    constexpr int y[] = {10, 10, 16, 21};
-    for (int position = 0; position < 12; ++position) {
-        child->m_font_org_position = static_cast<font_org_position>(position);
-        child->update_fontpos();
-        EXPECT_EQ(child->m_font_pos_x, x[position / 4]) << position;
-        EXPECT_EQ(child->m_font_pos_y, y[position % 4]) << position;
-    }
-    for (int position : {-1, 12, INT32_MAX}) {
-        child->m_font_org_position = static_cast<font_org_position>(position);
-        child->update_fontpos();
-        EXPECT_EQ(child->m_font_pos_x, 31) << "the last anchor stays";
     }
 }

@@ -99,22 +99,6 @@ TEST_F(GuiTest, AShapeKeepsEveryFieldInOrder) {
     EXPECT_TRUE(same_entries(first, second));
 }
 
-TEST_F(GuiTest, MissingKeysLeaveTheDefaults) {
-    MemoryNode nothing;
-    auto* reader = engine.make<CSimpleGUIShape>(ITEM_TYPE_SHAPE);
-    reader->on_parse(&nothing, load);
-    EXPECT_TRUE(reader->m_color == VEC4(1.0f, 1.0f, 1.0f, 0.2f));
-    EXPECT_EQ(reader->m_font_org_position, 6);
-    EXPECT_EQ(reader->m_is_static_pic, 1);
-    EXPECT_EQ(reader->m_is_usable, 1);
-    EXPECT_EQ(reader->m_order_num, -1);
-    EXPECT_FALSE(reader->m_texture);
-    MemoryNode written;
-    reader->save_to_node(&written, save);
-    EXPECT_EQ(written.find("m_title", MemoryNode::TEXT), nullptr) << "an empty title is not written";
-    EXPECT_NE(written.find("m_func_left_up", MemoryNode::ITEM), nullptr) << "an empty script is";
-}
-
 TEST_F(GuiTest, ASubItemOfAnotherClassIsNotTaken) {
     MemoryNode node;
     CMyComPtr<IBaseItem> picture(new ScratchPicture(true));
@@ -124,88 +108,4 @@ TEST_F(GuiTest, ASubItemOfAnotherClassIsNotTaken) {
     reader->on_parse(&node, load);
     EXPECT_FALSE(reader->m_func_left_down);
     EXPECT_FALSE(reader->m_texture);
-}
-
-TEST_F(GuiTest, WhatIsOutOfTheSceneWritesNothing) {
-    CSimpleGUIDialog* parent = dialog({});
-    CSimpleGUIShape* child = shape(parent, {});
-    const auto lines = [&](IBaseItem* item) {
-        MemoryNode node;
-        item->save_to_node(&node, save);
-        return node.entries.size();
-    };
-    engine.remove(parent);
-    EXPECT_EQ(lines(parent), 0u);
-    EXPECT_EQ(lines(child), 0u);
-    engine.restore(parent);
-    engine.remove(child);
-    EXPECT_NE(lines(parent), 0u);
-    EXPECT_EQ(lines(child), 0u);
-    engine.restore(child);
-    EXPECT_NE(lines(child), 0u);
-}
-
-TEST_F(GuiTest, SavingNumbersFromTheTopAlsoWhatIsRemoved) {
-    CSimpleGUIDialog* below = dialog({});
-    CSimpleGUIDialog* gone = dialog({});
-    CSimpleGUIDialog* above = dialog({});
-    CSimpleGUIShape* low = shape(below, {});
-    CSimpleGUIShape* lost = shape(below, {});
-    CSimpleGUIShape* high = shape(below, {});
-    engine.remove(gone);
-    engine.remove(lost);
-    engine.client = {0, 0, 1, 1};
-    MemoryNode node;
-    gui.on_save_project(&node, save);
-    EXPECT_EQ(above->m_order_num, 0);
-    EXPECT_EQ(gone->m_order_num, 1);
-    EXPECT_EQ(below->m_order_num, 2);
-    EXPECT_EQ(high->m_order_num, 0);
-    EXPECT_EQ(lost->m_order_num, 1);
-    EXPECT_EQ(low->m_order_num, 2);
-    MemoryNode* child = node.child("SimpleGUIEnvSetting");
-    ASSERT_NE(child, nullptr);
-    EXPECT_EQ(node.get_children()->size(), 1u);
-    const Lines lines = child->written();
-    EXPECT_EQ(lines[0], "base");
-    EXPECT_EQ(lines[1], "float m_ani_trans_time");
-    EXPECT_EQ(lines[2], "int m_gui_logfonts_for_loading0lfHeight");
-    EXPECT_EQ(lines[lines.size() - 2], "float m_scene_width");
-    EXPECT_EQ(lines.back(), "float m_scene_height");
-    EXPECT_EQ(child->value<float>("m_scene_width", PAK_FLOAT), 800.0f) << "the view on record";
-}
-
-TEST_F(GuiTest, OpeningTakesTheStoredViewOrThePresentOne) {
-    struct Row {
-        const char* what;
-        float width, height;
-        CRect expected;
-    };
-    const Row rows[] = {{"rounded", 1023.5f, 600.25f, {0, 0, 1024, 600}},
-                        {"no width", 0, 600, {0, 0, 800, 600}},
-                        {"below 0", 800, -1, {0, 0, 800, 600}},
-                        {"larger", 1e30f, 7, {0, 0, INT32_MAX, 7}}};
-    for (const Row& row : rows) {
-        MemoryNode node;
-        float width = row.width;
-        float height = row.height;
-        float fade = 0.75f;
-        pack_node* child = node.add_child("SimpleGUIEnvSetting");
-        child->add_property("m_scene_width", PAK_FLOAT, &width);
-        child->add_property("m_scene_height", PAK_FLOAT, &height);
-        child->add_property("m_ani_trans_time", PAK_FLOAT, &fade);
-        gui.on_clean_project();
-        gui.on_open_project(&node, load);
-        EXPECT_EQ(gui.m_scene_rect, row.expected) << row.what;
-        EXPECT_EQ(gui.m_setting->m_ani_trans_time, 0.75f);
-        gui.on_project_opened();
-        EXPECT_EQ(gui.m_scene_rect, CRect(0, 0, 800, 600)) << "also with no dialog at all";
-    }
-    gui.on_clean_project();
-    EXPECT_EQ(gui.m_setting->m_ani_trans_time, 0.5f);
-    MemoryNode nothing;
-    gui.on_open_project(&nothing, load);
-    gui.on_project_opened();
-    EXPECT_EQ(gui.m_setting->m_ani_trans_time, 0.5f);
-    EXPECT_EQ(gui.m_setting->m_font_info->font_of_slot(0), engine.default_font);
 }

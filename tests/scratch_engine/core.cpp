@@ -43,7 +43,7 @@ std::wstring filefun::get_file_path(const wchar_t* path) {
     return name.substr(0, name.find_last_of(L"/\\") + 1);
 }
 bool filefun::file_exist(const wchar_t* path) { return registry().files.count(path) != 0; }
-void filefun::create_path(const wchar_t*) {}
+void filefun::create_path(const wchar_t* path) { registry().published.push_back(std::wstring(L"folder ") + path); }
 
 // Every text of the tests is plain ASCII where these two are asked.
 void WideCharToMultiByte(const std::wstring& wide, std::string& narrow) {
@@ -82,8 +82,33 @@ void CZovProperty::get_value(int& value) const { fetch(m_int, value); }
 void CZovProperty::get_value(float& value) const { fetch(m_float, value); }
 void CZovProperty::get_value(VEC2& value) const { fetch(m_vec2, value); }
 
+namespace {
+
+bool list_fonts(font_list& list) {
+    list = registry().fonts;
+    return registry().has_fonts;
+}
+
+// Every text of the tests but one is plain ASCII here too.
+std::wstring wide_from_big5(const std::string& text) {
+    return text == "\xA7\xBA\xC5\xE9" ? L"宋體" : std::wstring(text.begin(), text.end());
+}
+
+bool copy_file(const std::wstring& from, const std::wstring& to) {
+    if (registry().files.count(from) == 0) return false;
+    registry().published.push_back(L"copy " + from + L" " + to);
+    return true;
+}
+
+}  // namespace
+
 const platform_functions& get_platform_functions() {
-    static const platform_functions table{.set_hand_cursor = [] { ++registry().hand_cursors; },
-                                          .cursor_position = [] { return registry().cursor; }};
+    static const platform_functions table{
+        .set_hand_cursor = [] { ++registry().hand_cursors; },
+        .cursor_position = [] { return registry().cursor; },
+        .list_fonts = &list_fonts,
+        .wide_from_big5 = &wide_from_big5,
+        .show_message = [](const std::wstring& text) { registry().published.push_back(L"box " + text); },
+        .copy_file = &copy_file};
     return table;
 }

@@ -51,11 +51,6 @@ CMyComPtr<ITexture> ScratchEngine::load_texture_from_file(const wchar_t* path) {
     return texture;
 }
 
-void ScratchEngine::send_msg(unsigned long id, message_param p1, message_param p2, message_param p3, message_param p4,
-                             message_param p5, message_param p6) {
-    if ((p1 | p2 | p3 | p4 | p5 | p6) == 0) messages_sent.push_back(id);
-}
-
 IBaseModule::IBaseModule(XSystem* system) : m_system(system), m_device(system ? system->render_device : nullptr) {}
 IBaseModule::IBaseModule(const IBaseModule&) = default;
 IBaseModule& IBaseModule::operator=(const IBaseModule&) = default;

@@ -50,8 +50,6 @@ public:
     std::vector<DrawCall> frame();
     void set_seconds(double seconds);
     void tell(unsigned long id, std::list<IActor*> actors);
-    void remove(IBaseItem* item) { tell(MSG_ACTORS_REMOVED, {item->m_actor}); }
-    void restore(IBaseItem* item) { tell(MSG_ACTORS_RESTORED, {item->m_actor}); }
     void destroy(IBaseItem* item) { scene.delete_actor(item->m_actor); }
     /// An item as the engine makes it when it reads a project; not yet ready.
     template <class Item>
@@ -70,14 +68,13 @@ public:
     ScratchInput input;
     Recorder device;
     std::list<IActor*> selection;
-    std::vector<unsigned long> messages_sent;
     int updates_asked = 0;
     std::vector<tstringW> functions;
 
 private:
     CMyComPtr<ITexture> load_texture_from_file(const wchar_t* path) override;
-    void send_msg(unsigned long id, message_param p1, message_param p2, message_param p3, message_param p4,
-                  message_param p5, message_param p6) override;
+    void send_msg(unsigned long, message_param, message_param, message_param, message_param, message_param,
+                  message_param) override {}
     std::list<IActor*>* get_selection() override { return &selection; }
     void remove_item(IActor* actor, int) override { selection.remove(actor); }
     void register_xfun(xfunc_desc function, tstringW) override { functions.push_back(function.func_name); }

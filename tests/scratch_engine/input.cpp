@@ -12,30 +12,13 @@ void ScratchInput::remove_listener(IInputEventListener* listener) {
     std::erase_if(chain, [&](const auto& entry) { return entry.second == listener; });
 }
 
-bool ScratchInput::send(const SInputEvent& event) {
-    const auto present = chain;
-    for (const auto& entry : present) {
-        if (std::find(chain.begin(), chain.end(), entry) == chain.end()) continue;
-        if (entry.second->OnInputEvent(event)) return true;
-    }
-    return false;
-}
-
 IInputEventListener::IInputEventListener() = default;
 IInputEventListener::~IInputEventListener() = default;
 
 CMouseTool::CMouseTool(XSystem* system, const wchar_t* name) : m_system(system), m_name(name) {}
 CMouseTool::~CMouseTool() = default;
 
-bool CMouseTool::OnInputEvent(const SInputEvent& event) {
-    using Handler = bool (CMouseTool::*)(unsigned int, CPoint);
-    static constexpr Handler handlers[] = {&CMouseTool::v_on_lbutton_down, &CMouseTool::v_on_rbutton_down,
-                                           &CMouseTool::v_on_mbutton_down, &CMouseTool::v_on_lbutton_up,
-                                           &CMouseTool::v_on_rbutton_up,   &CMouseTool::v_on_mbutton_up,
-                                           &CMouseTool::v_on_mouse_move};
-    return (this->*handlers[event.kind])(0, event.position);
-}
-
+bool CMouseTool::OnInputEvent(const SInputEvent&) { return false; }
 bool CMouseTool::v_on_lbutton_down(unsigned int, CPoint) { return false; }
 bool CMouseTool::v_on_rbutton_down(unsigned int, CPoint) { return false; }
 bool CMouseTool::v_on_mbutton_down(unsigned int, CPoint) { return false; }

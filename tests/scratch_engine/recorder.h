@@ -1,26 +1,15 @@
 #pragma once
 
-// A device that keeps the ordered calls of a frame.
+// A device that counts the calls of a frame and looks at their constants. What is drawn is told by scenarios.
 
-#include <ostream>
-#include <string>
 #include <vector>
 
 #include "engine/engine_core.h"
 
 struct DrawCall {
-    enum Kind { VIEWPORT, SOLID, TEXTURE, LINE, WORDS } kind;
-    CRect rect{};
-    VEC4 color{};
-    IDeviceTexture* texture = nullptr;
+    /// Null for all but texts.
     const IBaseFont* font = nullptr;
-    std::wstring words{};
-    int x = 0;
-    int y = 0;
-    int position = 0;
-    std::vector<VEC2> points{};
 };
-std::ostream& operator<<(std::ostream& out, const DrawCall& call);
 
 class Recorder final : public IBaseDevice, public renderfun {
 public:
@@ -34,12 +23,13 @@ public:
                               x3d_blend_desc blend, float depth, x3d_zfunc depth_test) override;
     void draw_pline_with_pattern(const std::vector<VEC2>& points, const VEC4& color, float width, unsigned long pattern,
                                  float pattern_scale, x3d_blend_desc blend) override;
-    void add(DrawCall call);
+    void add(DrawCall call = {}) {
+        if (recording) calls.push_back(call);
+    }
 
     x3d_viewport viewport;
     std::vector<DrawCall> calls;
     bool recording = true;
-    int textures_made = 0;
     /// Calls whose constant arguments were not those of the contract.
     int wrong_constants = 0;
 

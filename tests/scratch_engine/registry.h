@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/engine_system.h"
+#include "platform/platform.h"
 
 struct Registry {
     struct Item {
@@ -39,5 +40,9 @@ struct Registry {
     int hand_cursors = 0;
     /// What the cursor answers.
     CPoint cursor;
+    font_list fonts;
+    bool has_fonts = true;
+    /// What was published, as "folder PATH", "copy FROM TO" and "box TEXT". Only `files` can be copied.
+    std::vector<std::wstring> published;
 };
 Registry& registry();

@@ -99,6 +99,7 @@ for mode, wanted in pairs({[0] = {0, 10}, {0, 110}, {20, 0}, {70, 0}, {0, 0}}) d
 end
 same(rect_inflate({0, 0, 10, 10}, {1, 2, 3, -4}), -1, -2, 13, 6)
 same(vector_combo(1, 2.5, -3), 1, 2.5, -3)
+assert(tostring(vector_combo(1, 0.2, -3)) == "{1, 0.2, -3}")
 assert(b_mouse_in_dialog("D") == 1)
 set_wnd_rect("D", {0, 0, 300, 200})
 assert(b_mouse_in_dialog("D") == 0, "right and bottom edges lie outside")

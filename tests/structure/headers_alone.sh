@@ -9,5 +9,6 @@ check() {
         { echo "does not compile alone: $1"; return 1; }
 }
 export -f check
-find . -name '*.h' -printf '%P\n' | xargs -P2 -I{} bash -c 'check {}'
+# Those of another system need that system.
+find . -name '*.h' -not -path './platform/windows/*' -printf '%P\n' | xargs -P2 -I{} bash -c 'check {}'
 echo "$(find . -name '*.h' | wc -l) headers"

@@ -1,0 +1,104 @@
+#include "animation/node_index.h"
+
+#include <bit>
+#include <cstring>
+
+#include "animation/anim_node.h"
+#include "layout/shape.h"
+#include "module/manager.h"
+
+namespace {
+
+// One thread, one operation at a time. Kept between them, since a dialog whose size plays is resized at every step.
+NodeIndex index_in_use;
+int users = 0;
+
+std::uint64_t hash_of(const CGuid& id) {
+    std::uint64_t halves[2];
+    std::memcpy(halves, id.bytes(), sizeof halves);
+    // Identifiers may count up in any of their bytes; the product carries all of them upwards.
+    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15u;
+    const std::uint64_t mixed = (halves[0] * odd) ^ (halves[1] + (halves[0] >> 32));
+    return (mixed ^ (mixed >> 29)) * odd >> 20;
+}
+
+}  // namespace
+
+std::size_t NodeIndex::slot_of(const CGuid& id) const {
+    const std::size_t mask = m_slots.size() - 1;
+    std::size_t slot = static_cast<std::size_t>(hash_of(id)) & mask;
+    while (m_slots[slot] != none && !(m_items[static_cast<std::size_t>(m_slots[slot])].id == id)) {
+        slot = (slot + 1) & mask;
+    }
+    return slot;
+}
+
+NodeIndex::Item* NodeIndex::find(const CGuid& id) {
+    const std::int32_t place = m_slots[slot_of(id)];
+    return place == none ? nullptr : &m_items[static_cast<std::size_t>(place)];
+}
+
+void NodeIndex::add(CSimpleGUIAnimNode& node) {
+    const CGuid id = node.get_internal_item_id();
+    std::int32_t& place = m_slots[slot_of(id)];
+    if (place == none) {
+        place = static_cast<std::int32_t>(m_items.size());
+        m_items.emplace_back().id = id;
+    }
+    Item& item = m_items[static_cast<std::size_t>(place)];
+    const auto at = static_cast<std::int32_t>(m_nodes.size());
+    m_nodes.push_back({&node, none});
+    if (item.first_node == none) {
+        item.first_node = at;
+    } else {
+        m_nodes[static_cast<std::size_t>(item.last_node)].next = at;
+    }
+    item.last_node = at;
+}
+
+void NodeIndex::build(const CSimpleGUIManager& manager) {
+    m_manager = &manager;
+    m_items_found = false;
+    m_nodes.clear();
+    m_items.clear();
+    m_slots.assign(std::bit_ceil(manager.m_anim_nodes.size() * 2 + 1), none);
+    for (CSimpleGUIAnimNode* node : manager.m_anim_nodes) {
+        if (node && node->get_type() == ANIM_NODE_TYPE_GUI) add(*node);
+    }
+}
+
+void NodeIndex::find_items() {
+    if (m_items_found) return;
+    m_items_found = true;
+    for (CSimpleGUIShape* shape : m_manager->m_shapes) {
+        Item* item = shape && shape->m_actor ? find(shape->m_actor->get_id()) : nullptr;
+        if (item && !item->shape) item->shape = shape;
+    }
+    for (CSimpleGUIDialog* dialog : m_manager->m_dialogs) {
+        Item* item = dialog && dialog->m_actor ? find(dialog->m_actor->get_id()) : nullptr;
+        if (item && !item->dialog) item->dialog = dialog;
+    }
+}
+
+const NodeIndex::Item* NodeIndex::item_of(CSimpleGUIAnimNode& node) {
+    if (node.get_type() != ANIM_NODE_TYPE_GUI) return nullptr;
+    find_items();
+    return find(node.get_internal_item_id());
+}
+
+NodeIndex::Item* NodeIndex::item_of(const CSimpleGUIShape& shape) {
+    Item* item = shape.m_actor ? find(shape.m_actor->get_id()) : nullptr;
+    if (!item) return nullptr;
+    find_items();
+    return item->shape == &shape ? item : nullptr;
+}
+
+NodeIndexInUse::NodeIndexInUse(const CSimpleGUIManager& manager) {
+    // Counted once it is built: without the memory for it there must be no use of a half-built one later on.
+    if (users == 0) index_in_use.build(manager);
+    ++users;
+}
+
+NodeIndexInUse::~NodeIndexInUse() { --users; }
+
+NodeIndex* NodeIndexInUse::operator->() const { return &index_in_use; }

@@ -1,0 +1,204 @@
+#include "fonts/sfnt_names.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace {
+
+// Where the structures hold what is read, in bytes from the start of each. All numbers are big-endian.
+namespace offset_table {
+constexpr std::size_t size = 12, version = 0, table_count = 4;
+}
+namespace table_record {
+constexpr std::size_t size = 16, tag = 0, offset = 8;
+}
+namespace name_header {
+constexpr std::size_t size = 6, record_count = 2, storage = 4;
+}
+namespace name_record {
+constexpr std::size_t size = 12, platform = 0, language = 4, name_id = 6, length = 8, offset = 10;
+}
+namespace collection_header {
+constexpr std::size_t size = 12, major_version = 4, font_count = 8;
+}
+
+constexpr int macintosh = 1;
+constexpr int windows = 3;
+constexpr int macintosh_traditional_chinese = 19;
+constexpr int full_name = 4;
+constexpr int postscript_name = 6;
+
+constexpr std::uint32_t version_truetype = 0x00010000;
+constexpr std::uint32_t version_opentype = 0x4F54544F;
+
+// Windows records are taken in these two languages, whatever the region.
+constexpr int english_langids[] = {0x0C09, 0x2809, 0x1009, 0x2409, 0x4009, 0x1809, 0x2009, 0x4409,
+                                   0x1409, 0x3409, 0x4809, 0x1C09, 0x2C09, 0x0809, 0x0409, 0x3009};
+constexpr int chinese_langids[] = {0x0C04, 0x1404, 0x0804, 0x1004, 0x0404};
+
+/// The bytes of one structure.
+template <std::size_t Size>
+struct Structure {
+    std::array<unsigned char, Size> bytes;
+
+    int u16(std::size_t at) const { return bytes[at] << 8 | bytes[at + 1]; }
+    std::uint32_t u32(std::size_t at) const {
+        return static_cast<std::uint32_t>(u16(at)) << 16 | static_cast<std::uint32_t>(u16(at + 2));
+    }
+};
+
+/// The file with its limit. Once a read has come short, all further ones do.
+class Reading {
+public:
+    explicit Reading(const ByteReader& read) : m_read(read) {}
+
+    bool get(std::uint64_t position, std::span<unsigned char> target) {
+        m_good = m_good && target.size() <= m_left && m_read(position, target.data(), target.size()) == target.size();
+        if (m_good) m_left -= target.size();
+        return m_good;
+    }
+    template <std::size_t Size>
+    bool get(std::uint64_t position, Structure<Size>& target) {
+        return get(position, target.bytes);
+    }
+
+private:
+    const ByteReader& m_read;
+    std::uint64_t m_left = most_bytes;
+    bool m_good = true;
+};
+
+using NameRecord = Structure<name_record::size>;
+
+template <std::size_t Count>
+bool is_one_of(const int (&list)[Count], int value) {
+    return std::find(std::begin(list), std::end(list), value) != std::end(list);
+}
+
+bool is_wanted(const NameRecord& record) {
+    const int name = record.u16(name_record::name_id);
+    return name == full_name || name == postscript_name;
+}
+
+// A language of 0 has narrow text on every platform, also on those whose text is wide: such a name comes out empty or
+// strange and is found by no one.
+bool is_narrow(const NameRecord& record) {
+    return record.u16(name_record::language) == 0 || record.u16(name_record::platform) == macintosh;
+}
+
+bool is_wide(const NameRecord& record) {
+    const int language = record.u16(name_record::language);
+    return record.u16(name_record::platform) == windows &&
+           (is_one_of(english_langids, language) || is_one_of(chinese_langids, language));
+}
+
+StoredName narrow_name(const NameRecord& record, std::span<const unsigned char> bytes) {
+    StoredName name;
+    const bool is_big5 = record.u16(name_record::platform) == macintosh &&
+                         record.u16(name_record::language) == macintosh_traditional_chinese;
+    name.text = is_big5 ? StoredName::BIG5 : StoredName::NARROW;
+    name.narrow.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), 0));
+    return name;
+}
+
+// An odd last byte is the upper half of a unit whose lower half is 0.
+StoredName wide_name(std::span<const unsigned char> bytes) {
+    StoredName name;
+    name.text = StoredName::WIDE;
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        const int low = at + 1 < bytes.size() ? bytes[at + 1] : 0;
+        const auto unit = static_cast<char16_t>(bytes[at] << 8 | low);
+        if (unit == 0) break;
+        name.wide.push_back(unit);
+    }
+    return name;
+}
+
+using Names = std::vector<StoredName>;
+
+bool read_name(Reading& file, std::uint64_t storage, const NameRecord& record, Names& names) {
+    const bool narrow = is_narrow(record);
+    if (!narrow && !is_wide(record)) return true;
+    const auto length = static_cast<std::size_t>(record.u16(name_record::length));
+    std::vector<unsigned char> bytes(std::min(length, narrow ? longest_text : 2 * longest_text));
+    if (!file.get(storage + static_cast<std::uint64_t>(record.u16(name_record::offset)), bytes)) return false;
+    StoredName name = narrow ? narrow_name(record, bytes) : wide_name(bytes);
+    if (!name.narrow.empty() || !name.wide.empty()) names.push_back(std::move(name));
+    return true;
+}
+
+bool walk_names(Reading& file, std::uint64_t table, Names& names) {
+    Structure<name_header::size> header;
+    if (!file.get(table, header)) return false;
+    const std::uint64_t storage = table + static_cast<std::uint64_t>(header.u16(name_header::storage));
+    std::uint64_t position = table + name_header::size;
+    for (int left = header.u16(name_header::record_count); left > 0; --left, position += name_record::size) {
+        NameRecord record;
+        if (!file.get(position, record)) return false;
+        if (is_wanted(record) && !read_name(file, storage, record, names)) return false;
+    }
+    return true;
+}
+
+// In capitals or in small letters.
+bool is_name_table(const Structure<table_record::size>& record) {
+    constexpr unsigned char capitals[] = {'N', 'A', 'M', 'E'};
+    return std::equal(
+        std::begin(capitals), std::end(capitals), record.bytes.begin() + table_record::tag,
+        [](unsigned char capital, unsigned char found) { return found == capital || found == (capital | 0x20); });
+}
+
+// A font without a name table has no names. False: the file has come to its end.
+bool read_font(Reading& file, std::uint64_t font, const Structure<offset_table::size>& header, Names& names) {
+    std::uint64_t position = font + offset_table::size;
+    for (int left = header.u16(offset_table::table_count); left > 0; --left, position += table_record::size) {
+        Structure<table_record::size> record;
+        if (!file.get(position, record)) return false;
+        if (is_name_table(record)) return walk_names(file, record.u32(table_record::offset), names);
+    }
+    return true;
+}
+
+// Grows with what was read, never with what was promised.
+bool read_font_offsets(Reading& file, std::uint32_t count, std::vector<std::uint32_t>& offsets) {
+    Structure<4> offset;
+    for (std::uint32_t at = 0; at < count; ++at) {
+        if (!file.get(collection_header::size + std::uint64_t{at} * 4, offset)) return false;
+        if (offset.u32(0) != 0) offsets.push_back(offset.u32(0));
+    }
+    std::sort(offsets.begin(), offsets.end());
+    offsets.erase(std::unique(offsets.begin(), offsets.end()), offsets.end());
+    return true;
+}
+
+}  // namespace
+
+std::vector<StoredName> names_of_font(const ByteReader& read) {
+    Reading file(read);
+    Structure<offset_table::size> header;
+    if (!file.get(0, header)) return {};
+    const std::uint32_t version = header.u32(offset_table::version);
+    if (version != version_truetype && version != version_opentype) return {};
+    Names names;
+    read_font(file, 0, header, names);
+    return names;
+}
+
+std::vector<StoredName> names_of_collection(const ByteReader& read) {
+    Reading file(read);
+    Structure<collection_header::size> header;
+    if (!file.get(0, header)) return {};
+    const int version = header.u16(collection_header::major_version);
+    const std::uint32_t count = header.u32(collection_header::font_count);
+    // The count is signed in the file: with the upper bit set it is below 1.
+    if ((version != 1 && version != 2) || count > INT32_MAX) return {};
+    std::vector<std::uint32_t> offsets;
+    if (!read_font_offsets(file, count, offsets)) return {};
+    Names names;
+    for (const std::uint32_t font : offsets) {
+        Structure<offset_table::size> first;
+        if (!file.get(font, first) || !read_font(file, font, first, names)) break;
+    }
+    return names;
+}

@@ -1,0 +1,169 @@
+// Searches that halve or look up give what the plain walks give.
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <random>
+
+#include "animation/anim_node.h"
+#include "animation/track.h"
+#include "support/allocations.h"
+#include "support/gui_test.h"
+
+namespace {
+
+using Keys = std::vector<IKey*>;
+
+// The walks, word for word.
+bool is_at(const IKey* key, float time) { return key->m_time - 0.03003003f < time && time < key->m_time + 0.03003003f; }
+template <class Range, class Condition>
+IKey* first_of(const Range& keys, Condition condition) {
+    for (IKey* key : keys) {
+        if (condition(key)) return key;
+    }
+    return nullptr;
+}
+template <class Condition>
+IKey* last_of(const Keys& keys, Condition condition) {
+    return first_of(Keys(keys.rbegin(), keys.rend()), condition);
+}
+std::array<IKey*, 2> near(const Keys& keys, float time, float speed) {
+    std::array<IKey*, 2> found{};
+    Keys walk = keys;
+    if (speed >= 0) std::reverse(walk.begin(), walk.end());
+    for (IKey* key : walk) {
+        const bool is_past = speed >= 0 ? time > key->m_time : time < key->m_time;
+        found[(speed >= 0) == is_past ? 0 : 1] = key;
+        if (is_past) break;
+    }
+    return found;
+}
+
+void expect_plain_results(ITrack& track, const Keys& keys, float time) {
+    EXPECT_EQ(track.find_key(time), last_of(keys, [&](IKey* key) { return is_at(key, time); })) << time;
+    EXPECT_EQ(track.find_key_before(time), last_of(keys, [&](IKey* key) { return key->m_time < time; })) << time;
+    for (const float speed : {1.0f, -1.0f}) {
+        SAnimateContext context;
+        context.m_time = time;
+        context.m_speed = speed;
+        std::array<IKey*, 2> found{};
+        track.get_near_keys(context, found[0], found[1]);
+        EXPECT_EQ(found, near(keys, time, speed)) << time << " by " << speed;
+    }
+}
+
+class Searches : public GuiTest {
+protected:
+    // Many equal ones, many within the tolerance, and some that are far or no numbers.
+    float any_time() {
+        const float special[] = {
+            0, -0.0f, 1e9f, -1e30f, std::numeric_limits<float>::infinity(), std::numeric_limits<float>::quiet_NaN()};
+        const auto kind = random() % 40;
+        return kind < std::size(special) ? special[kind] : static_cast<float>(random() % 400) * 0.01f;
+    }
+    std::mt19937 random{5};
+};
+
+}  // namespace
+
+TEST_F(Searches, GiveWhatTheWalksGiveInAnyOrderOfKeys) {
+    for (int trial = 0; trial < 600; ++trial) {
+        const CMyComPtr<ITrack> track(create_track(TRACK_TYPE_VISIBLE));
+        // The order that a track is in, and how it came to be.
+        const int way = trial % 5;
+        const int count = static_cast<int>(random() % 30);
+        for (int key = 0; key < count; ++key) track->create_key(any_time(), way != 1);
+        if (way >= 2) track->sort_keys();
+        if (way == 3) track->remove_key(any_time());
+        if (way == 3) track->create_key(any_time(), true);
+        const Keys& present = static_cast<TBaseTrack<SGuiVisible>&>(*track).keys();
+        Keys* held = way == 4 ? &track->get_keys() : nullptr;
+        for (int question = 0; question < 20; ++question) {
+            if (held) std::shuffle(held->begin(), held->end(), random);
+            const Keys keys = present;
+            expect_plain_results(*track, keys, any_time());
+            if (keys.empty()) continue;
+            const float time = keys[random() % keys.size()]->m_time;
+            for (const float at : {time, time - 0.03003003f, time + 0.03003003f}) {
+                expect_plain_results(*track, keys, at);
+            }
+        }
+        const float gone = any_time();
+        Keys left = present;
+        if (IKey* first = first_of(left, [&](IKey* key) { return is_at(key, gone); })) std::erase(left, first);
+        track->remove_key(gone);
+        EXPECT_EQ(present, left) << gone;
+    }
+}
+
+TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
+    for (int trial = 0; trial < 30; ++trial) {
+        std::vector<CSimpleGUIDialog*> dialogs;
+        std::vector<IActor*> actors;
+        for (int at = 0; at < 4; ++at) {
+            dialogs.push_back(dialog({0, 0, 100, 100}));
+            for (int child = 0; child < 6; ++child) actors.push_back(shape(dialogs.back(), {0, 0, 9, 9})->m_actor);
+        }
+        // Few identifiers, so that several actors share one, and some have no node.
+        const auto any_id = [&] {
+            GUID id{};
+            id.Data1 = 1 + static_cast<std::uint32_t>(random() % 12);
+            return CGuid(id);
+        };
+        for (IActor* actor : actors) actor->set_id(any_id());
+        dialogs[3]->m_actor->set_id(any_id());
+        std::vector<CMyComPtr<CSimpleGUIAnimNode>> nodes;
+        std::vector<SGuiOffset*> keys;
+        for (int at = 0; at < 12; ++at) {
+            nodes.emplace_back(static_cast<CSimpleGUIAnimNode*>(
+                AnimSystemLibrary::create_anim_node_by_type(&engine, ANIM_NODE_TYPE_GUI, any_id())));
+            ITrack* track = nodes.back()->get_track(TRACK_TYPE_OFFSET);
+            track->create_key(0, true);
+            keys.push_back(static_cast<SGuiOffset*>(track->find_key(0)));
+        }
+        for (CSimpleGUIDialog* resized : dialogs) {
+            for (SGuiOffset* key : keys) key->m_offset_percent = {-1, -1};
+            resized->set_rect({0, 0, 100, resized->m_rect.bottom + 10}, false);
+            for (std::size_t at = 0; at < nodes.size(); ++at) {
+                const CSimpleGUIShape* moved = gui.get_shape_by_guid(nodes[at]->get_internal_item_id());
+                EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moved && resized->m_shapes.contains(moved));
+            }
+        }
+        for (SGuiOffset* key : keys) key->m_offset_percent = {-1, -1};
+        engine.resize(800 + trial % 2, 600);
+        for (std::size_t at = 0; at < nodes.size(); ++at) {
+            const bool moves_dialog = gui.get_dialog_by_guid(nodes[at]->get_internal_item_id()) != nullptr;
+            EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moves_dialog);
+        }
+        for (CSimpleGUIDialog* gone : dialogs) engine.destroy(gone);
+    }
+}
+
+// A dialog whose size plays, with a shape that moves inside: each step rescales the shape's keys.
+TEST_F(Searches, AskForNoMemoryInASteadyStep) {
+    CSimpleGUIDialog* parent = dialog({0, 0, 100, 100});
+    std::vector<CMyComPtr<CAnimNodeBase>> nodes;
+    for (IBaseItem* item : {static_cast<IBaseItem*>(parent), static_cast<IBaseItem*>(shape(parent, {0, 0, 9, 9}))}) {
+        nodes.emplace_back(
+            AnimSystemLibrary::create_anim_node_by_type(&engine, ANIM_NODE_TYPE_GUI, item->m_actor->get_id()));
+        for (ITrack* track : nodes.back()->get_tracklist()) {
+            for (int key = 0; key < 20; ++key) track->create_key(static_cast<float>(key), true);
+        }
+        ITrack* sizes = nodes.back()->get_track(TRACK_TYPE_SIZE);
+        for (int key = 0; key < 20; ++key) {
+            const float side = 100.0f * static_cast<float>(key);
+            static_cast<SGuiSize*>(sizes->find_key(static_cast<float>(key)))->m_size = {side, side};
+        }
+    }
+    SAnimateContext context;
+    const auto step = [&] {
+        context.m_time += 0.25f;
+        for (const auto& node : nodes) node->animate(context);
+    };
+    step();
+    const std::size_t before = allocations();
+    const int width = parent->m_rect.Width();
+    for (int at = 0; at < 40; ++at) step();
+    EXPECT_EQ(allocations(), before);
+    EXPECT_NE(parent->m_rect.Width(), width);
+}

@@ -1,0 +1,157 @@
+#include "fonts/sfnt_names.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "support/font_bytes.h"
+
+namespace {
+
+ByteReader reader_of(const std::string& bytes) {
+    return [&bytes](std::uint64_t position, unsigned char* target, std::size_t count) {
+        const std::size_t there = position < bytes.size() ? std::min<std::size_t>(count, bytes.size() - position) : 0;
+        if (there > 0) std::memcpy(target, bytes.data() + position, there);
+        return there;
+    };
+}
+
+// One letter for the kind, then the text; what is wide and beyond ASCII as \x.
+std::vector<std::string> shown(const std::vector<StoredName>& names) {
+    std::vector<std::string> texts;
+    for (const StoredName& name : names) {
+        std::string text(1, "nbw"[name.text]);
+        text += name.narrow;
+        for (const char16_t unit : name.wide) text += unit < 0x80 ? std::string(1, char(unit)) : big_endian(unit, 2);
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+using Texts = std::vector<std::string>;
+Texts single(const std::string& bytes) { return shown(names_of_font(reader_of(bytes))); }
+Texts collection(const std::string& bytes) { return shown(names_of_collection(reader_of(bytes))); }
+
+struct ReadingRow {
+    const char* what;
+    NameRow record;
+    Texts expected;
+
+    // Without it a test's name would hold the bytes of its row, addresses included.
+    friend void PrintTo(const ReadingRow& row, std::ostream* out) { *out << row.what; }
+};
+
+// Where the fonts of a collection with so many lie: each is as long as `font_bytes` of one short name.
+const NameRow a{1, 0, 4, "A"}, b{1, 0, 4, "B"}, c{1, 0, 4, "C"};
+const std::size_t font_size = font_bytes({a}).size();
+constexpr std::uint32_t first = 12 + 4 * 4;
+const std::uint32_t second = first + static_cast<std::uint32_t>(font_size);
+const std::uint32_t third = second + static_cast<std::uint32_t>(font_size);
+
+std::string three_fonts() { return font_bytes({a}, first) + font_bytes({b}, second) + font_bytes({c}, third); }
+
+}  // namespace
+
+class NameRecord : public testing::TestWithParam<ReadingRow> {};
+
+TEST_P(NameRecord, IsReadByPlatformAndLanguage) {
+    EXPECT_EQ(single(font_bytes({GetParam().record})), GetParam().expected) << GetParam().what;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, NameRecord,
+    testing::ValuesIn(std::vector<ReadingRow>{
+        {"full name", {1, 0, 4, "Arial"}, {"nArial"}},
+        {"PostScript name", {1, 0, 6, "ArialMT"}, {"nArialMT"}},
+        {"family name", {1, 0, 1, "Arial"}, {}},
+        {"no language on any platform", {7, 0, 4, "Any"}, {"nAny"}},
+        {"no language, wide text", {0, 0, 4, utf16_be(u"Latin")}, {}},
+        {"narrow text ends at a zero", {1, 0, 4, std::string("Ari\0al", 6)}, {"nAri"}},
+        {"Macintosh, Japanese", {1, 11, 4, "\x83\x81"}, {"n\x83\x81"}},
+        {"Macintosh, Traditional Chinese", {1, 19, 4, "\xA7\xBA"}, {"b\xA7\xBA"}},
+        {"another platform, the number of Traditional Chinese", {2, 19, 4, "x"}, {}},
+        {"Windows, United States", {3, 0x0409, 4, utf16_be(u"Arial")}, {"wArial"}},
+        {"Windows, Zimbabwe", {3, 0x3009, 4, utf16_be(u"Z")}, {"wZ"}},
+        {"Windows, People's Republic of China", {3, 0x0804, 4, utf16_be(u"宋体")}, {"w\x5B\x8B\x4F\x53"}},
+        {"Windows, Taiwan", {3, 0x0404, 6, utf16_be(u"宋")}, {"w\x5B\x8B"}},
+        {"Windows, Japan", {3, 0x0411, 4, utf16_be(u"x")}, {}},
+        {"Windows, Germany", {3, 0x0407, 4, utf16_be(u"x")}, {}},
+        {"wide text ends at a zero unit", {3, 0x0409, 4, utf16_be(u"ab") + std::string("\0\0c", 3)}, {"wab"}},
+        {"an odd byte at the end", {3, 0x0409, 4, utf16_be(u"a") + "\x4E"}, {std::string("wa\x4E\0", 4)}},
+        {"no text", {3, 0x0409, 4, ""}, {}},
+        {"narrow text to the last byte that fits", {1, 0, 4, std::string(65535, 'x')}, {"n" + std::string(16382, 'x')}},
+        {"wide text to the last unit that fits",
+         {3, 0x0409, 4, utf16_be(std::u16string(20000, u'x'))},
+         {"w" + std::string(16382, 'x')}},
+    }));
+
+TEST(SfntNames, ComeInTheOrderOfTheRecordsWhateverThatIs) {
+    EXPECT_EQ(
+        single(font_bytes({{3, 0x0409, 6, utf16_be(u"P")}, {3, 0x0407, 4, "xx"}, {1, 0, 4, "M"}, {1, 5, 6, "M"}})),
+        (Texts{"wP", "nM", "nM"}));
+}
+
+TEST(SfntNames, BeginBehindTheRightVersionAndTag) {
+    EXPECT_EQ(single(font_bytes({a}, 0, "name", 0x4F54544F)), Texts{"nA"});
+    EXPECT_EQ(single(font_bytes({a}, 0, "NaME")), Texts{"nA"});
+    EXPECT_EQ(single(font_bytes({a}, 0, "nane")), Texts{});
+    for (const std::uint32_t version : {0x00020000u, 0x00010001u, 0x74727565u, 0x74746366u}) {
+        EXPECT_EQ(single(font_bytes({a}, 0, "name", version)), Texts{}) << version;
+    }
+}
+
+TEST(SfntNames, OfACollectionGoByAscendingOffsetEachOffsetOnce) {
+    const std::string fonts = three_fonts();
+    EXPECT_EQ(collection(collection_head(1, 4, {third, first, third, second}) + fonts), (Texts{"nA", "nB", "nC"}));
+    EXPECT_EQ(collection(collection_head(2, 4, {0, third, 0, second}) + fonts), (Texts{"nB", "nC"}));
+    EXPECT_EQ(collection(collection_head(1, 2, {second, first, third, third}) + fonts), (Texts{"nA", "nB"}));
+    for (const int version : {0, 3}) {
+        EXPECT_EQ(collection(collection_head(version, 4, {first, first, first, first}) + fonts), Texts{});
+    }
+    EXPECT_EQ(single(collection_head(1, 4, {first, second, third, 0}) + fonts), Texts{});
+    const std::string strange = font_bytes({a}, first, "name", 0xDEADBEEF);
+    EXPECT_EQ(collection(collection_head(1, 4, {first, first, first, 0}) + strange), Texts{"nA"}) << "no version there";
+}
+
+// What comes ahead of the place where the file ends counts.
+TEST(SfntNames, EndWhereTheFileEnds) {
+    const std::string bytes = font_bytes({a, b});
+    for (std::size_t size = 0; size < bytes.size(); ++size) {
+        const Texts expected = size == bytes.size() - 1 ? Texts{"nA"} : Texts{};
+        EXPECT_EQ(single(bytes.substr(0, size)), expected) << size;
+    }
+    const std::string many = collection_head(1, 4, {first, second, third, third + 100000}) + three_fonts();
+    EXPECT_EQ(collection(many), (Texts{"nA", "nB", "nC"})) << "an offset past the end is the last one";
+    EXPECT_EQ(collection(many.substr(0, third)), (Texts{"nA", "nB"}));
+    EXPECT_EQ(collection(many.substr(0, 20)), Texts{});
+}
+
+TEST(SfntNames, DoNotBelieveCounts) {
+    std::string promising = font_bytes({a});
+    promising.replace(12 + 32 + 2, 2, "\xFF\xFF");
+    EXPECT_EQ(single(promising), Texts{"nA"}) << "65535 records";
+    std::string tables = font_bytes({a}, 0, "nane");
+    tables.replace(4, 2, "\xFF\xFF");
+    EXPECT_EQ(single(tables), Texts{}) << "65535 tables";
+    std::string longer = font_bytes({a});
+    longer.replace(12 + 32 + 6 + 8, 2, "\xFF\xFF");
+    EXPECT_EQ(single(longer), Texts{}) << "a text of 65535 bytes in a small file";
+    for (const std::uint32_t count : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu, 0u}) {
+        EXPECT_EQ(collection(collection_head(1, count, {first, second, third, 0}) + three_fonts()), Texts{}) << count;
+    }
+}
+
+// A million fonts that share one directory of 65535 tables would be read for hours.
+TEST(SfntNames, EndAfterModerateWork) {
+    std::uint64_t asked = 0;
+    const ByteReader endless = [&asked](std::uint64_t position, unsigned char* target, std::size_t count) {
+        asked += count;
+        for (std::size_t at = 0; at < count; ++at) target[at] = static_cast<unsigned char>((position + at) * 31);
+        if (position == 0) std::memcpy(target, collection_head(1, 1000000, {}).data(), count);
+        return count;
+    };
+    names_of_collection(endless);
+    EXPECT_LE(asked, most_bytes);
+    EXPECT_GT(asked, most_bytes / 2) << "the file was to be an endless one";
+}
