@@ -30,6 +30,25 @@ FAINT = (0.72, 0.74, 0.78, 0.5)
 CHAMPAGNE = (0.91, 0.75, 0.51, 1)
 
 
+# ---- the fonts, a slot each; the others show the engine's default font -----------------------------------------------
+
+
+@dataclass
+class Font:
+    face: str = "Default"
+    height: int = 18
+    weight: int = 400
+    char_set: int = 255
+    file: str = "Default"  # lies in showroom_textures/, for machines without the font
+
+
+LATIN_SLOT, NUMBER_SLOT = 1, 2
+FONTS = {
+    LATIN_SLOT: Font("Quicksand", 18, 500, 1, "Quicksand-Medium.ttf"),
+    NUMBER_SLOT: Font("Quicksand", 22, 500, 1, "Quicksand-Medium.ttf"),
+}
+
+
 # ---- what the tables below are made of ----------------------------------------------------------------------------
 
 
@@ -79,6 +98,7 @@ class Shape:
     title: str = ""
     text_at: int = TEXT_CENTER
     text_color: tuple = IVORY
+    font: int = 0  # the slot
     shadow: bool = False
     background: bool = False
     button: bool = False
@@ -95,8 +115,8 @@ class Dialog:
     visible: bool = True
 
 
-def label(name, place, title, text_at=TEXT_LEFT, text_color=IVORY, shadow=False):
-    return Shape(name, place, CLEAR, title, text_at, text_color, shadow)
+def label(name, place, title, text_at=TEXT_LEFT, text_color=IVORY, shadow=False, font=0):
+    return Shape(name, place, CLEAR, title, text_at, text_color, font, shadow)
 
 
 def image(name, place, file, background=False):
@@ -183,6 +203,7 @@ def menu_entry(row, key, chinese, english, script):
             english,
             TEXT_RIGHT,
             MUTED if usable else FAINT,
+            font=LATIN_SLOT,
         ),
     ]
 
@@ -206,7 +227,7 @@ def gauge(column, caption, percent):
     x = 24 + 92 * column
     return [
         image(f"仪表{column + 1}", Anchored(LEFT_TOP, x, 212, 72, 72), f"gauge_{percent}"),
-        label(f"仪表数值{column + 1}", Anchored(LEFT_TOP, x, 212, 72, 72), str(percent), TEXT_CENTER),
+        label(f"仪表数值{column + 1}", Anchored(LEFT_TOP, x, 212, 72, 72), str(percent), TEXT_CENTER, font=NUMBER_SLOT),
         label(f"仪表名称{column + 1}", Anchored(LEFT_TOP, x, 292, 72, 48), caption, TEXT_CENTER_TOP, MUTED),
     ]
 
@@ -231,6 +252,7 @@ def info_panel():
             "Light runs along the curve;\nevery angle is a new outline.",
             TEXT_LEFT_TOP,
             MUTED,
+            font=LATIN_SLOT,
         ),
         Shape("信息分隔一", Anchored(LEFT_TOP, 24, 196, 256, 1), HAIRLINE),
         Shape("信息分隔二", Anchored(LEFT_TOP, 24, 356, 256, 1), HAIRLINE),
@@ -378,7 +400,7 @@ def put_shape(items, dialog, frame, shape, order):
     put(item, "vec4", "m_font_color", shape.text_color)
     put(item, "bool", "m_font_shadow", shape.shadow)
     put(item, "bool", "m_is_static_pic", not shape.button)
-    put(item, "int", "m_font_type", 0)
+    put(item, "int", "m_font_type", shape.font)
     put(item, "int", "m_order_num", order)
     put(item, "bool", "m_is_usable", shape.usable)
     for key, file in zip(("m_texture", "m_texture_hover", "m_texture_down"), shape.pictures):
@@ -397,16 +419,18 @@ def put_dialog(items, dialog, order):
         put_shape(items, dialog, rect, shape, len(dialog.shapes) - 1 - index)
 
 
-def put_default_font(setting, prefix):
-    """A slot that shows the engine's default font. Byte fields are stored as the word that begins at their place."""
-    record = struct.pack("<5i8B", 18, 0, 0, 0, 400, 0, 0, 0, 255, 0, 0, 0, 0) + "Default".encode("utf-16-le")
+def put_font(setting, slot, font):
+    """Byte fields are stored as the word that begins at their place."""
+    prefix = f"m_gui_logfonts_for_loading{slot}"
+    face = font.face.encode("utf-16-le")
+    record = struct.pack("<5i8B", font.height, 0, 0, 0, font.weight, 0, 0, 0, font.char_set, 0, 0, 0, 0) + face
     places = {"lfHeight": 0, "lfWidth": 4, "lfEscapement": 8, "lfOrientation": 12, "lfWeight": 16, "lfItalic": 20,
               "lfUnderline": 21, "lfStrikeOut": 22, "lfCharSet": 23, "lfOutPrecision": 24, "lfClipPrecision": 25,
               "lfQuality": 26, "lfPitchAndFamily_fix": 27}
     for suffix, place in places.items():
         put(setting, "int", prefix + suffix, struct.unpack_from("<i", record, place)[0])
-    put(setting, "text", prefix + "lfFaceName", "Default")
-    put(setting, "text", prefix + "FontFileName", "Default")
+    put(setting, "text", prefix + "lfFaceName", font.face)
+    put(setting, "text", prefix + "FontFileName", font.file)
 
 
 def main():
@@ -415,7 +439,7 @@ def main():
     setting = xml.SubElement(manager, "node", name="SimpleGUIEnvSetting")
     put(setting, "float", "m_ani_trans_time", FADE_SECONDS)
     for slot in range(8):
-        put_default_font(setting, f"m_gui_logfonts_for_loading{slot}")
+        put_font(setting, slot, FONTS.get(slot, Font()))
     put(setting, "float", "m_scene_width", float(VIEW[2]))
     put(setting, "float", "m_scene_height", float(VIEW[3]))
 
