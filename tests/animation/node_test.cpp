@@ -1,4 +1,4 @@
-// Keys move, size, show, anchor and colour an item, are made from it, and stay true when its frame changes.
+// Keys are made from an item where a moment finds its key, and stay true when its frame changes.
 
 #include "animation/anim_node.h"
 #include "animation/keys.h"
@@ -6,10 +6,6 @@
 
 namespace {
 
-struct PlaceKey {
-    float time;
-    VEC2 offset;
-};
 struct AlignKey {
     float time;
     int align;
@@ -28,85 +24,14 @@ protected:
         track->create_key(time, true);
         return static_cast<Key&>(*track->get_keys().back());
     }
-    void place_keys(CSimpleGUIAnimNode& node, const std::vector<PlaceKey>& keys) {
-        for (const PlaceKey& at : keys) key<SGuiOffset>(node, TRACK_TYPE_OFFSET, at.time).m_offset = at.offset;
-    }
     void align_keys(CSimpleGUIAnimNode& node, const std::vector<AlignKey>& keys) {
         for (const AlignKey& at : keys) key<SGuiAlign>(node, TRACK_TYPE_ALIGN, at.time).m_align = at.align;
-    }
-    static void play(CSimpleGUIAnimNode& node, float time, float speed = 1.0f) {
-        SAnimateContext context;
-        context.m_time = time;
-        context.m_speed = speed;
-        node.animate(context);
     }
 
     std::vector<CMyComPtr<CSimpleGUIAnimNode>> nodes;
 };
 
-struct Moment {
-    const char* what;
-    std::vector<PlaceKey> places;
-    std::vector<AlignKey> aligns;
-    float time;
-    float speed;
-    CRect expected;
-};
-
 }  // namespace
-
-TEST_F(NodeTest, PlacesADialogBetweenItsKeys) {
-    const Moment moments[] = {
-        {"half-way", {{1, {0, 0}}, {2, {100, 0}}}, {}, 1.5f, 1, {50, 0, 110, 40}},
-        {"ahead of the first key", {{1, {10, 20}}, {2, {100, 0}}}, {}, 0, 1, {10, 20, 70, 60}},
-        {"behind the last key", {{1, {10, 20}}, {2, {100, 0}}}, {}, 9, 1, {100, 0, 160, 40}},
-        {"at a key", {{1, {10, 20}}, {2, {100, 0}}}, {}, 2, 1, {100, 0, 160, 40}},
-        {"a pair too close to divide by", {{1, {0, 0}}, {1.00005f, {100, 0}}}, {}, 1.00001f, 1, {50, 0, 110, 40}},
-        {"backwards", {{1, {0, 0}}, {2, {100, 0}}}, {}, 1.25f, -1, {25, 0, 85, 40}},
-        {"towards another anchor", {{0, {0, 0}}, {1, {-100, -100}}}, {{0, 0}, {1, 4}}, 0.5f, 1, {350, 250, 410, 290}},
-        {"at the other anchor", {{0, {0, 0}}, {1, {-100, -100}}}, {{0, 0}, {1, 4}}, 1, 1, {700, 500, 760, 540}},
-        {"to the scale mode", {{0, {0, 0}}, {1, {200, 100}}}, {{0, 8}, {1, 9}}, 0.5f, 1, {300, 200, 360, 240}},
-        {"from the scale mode", {{0, {200, 100}}, {1, {0, 0}}}, {{0, 9}, {1, 8}}, 0.5f, 1, {300, 200, 360, 240}},
-        {"hardly ahead of the other anchor",
-         {{0, {0, 0}}, {1, {-100, -100}}},
-         {{0, 0}, {1, 4}},
-         0.98f,
-         1,
-         {702, 502, 762, 542}},
-        {"back from the other anchor", {{0, {0, 0}}, {1, {-100, -100}}}, {{0, 0}, {1, 4}}, 1, -1, {700, 500, 760, 540}},
-        {"by anchors between its places",
-         {{0, {0, 0}}, {2, {100, 0}}},
-         {{0, 0}, {1, 2}, {1.5f, 0}},
-         0.5f,
-         1,
-         {225, 0, 285, 40}},
-        {"at two keys of one time", {{1, {10, 20}}, {1, {100, 0}}}, {}, 1, 1, {10, 20, 70, 60}},
-        {"without place keys", {}, {{0, 8}}, 0, 1, {403, 305, 463, 345}},
-    };
-    for (const Moment& moment : moments) {
-        SCOPED_TRACE(moment.what);
-        CSimpleGUIDialog* moved = dialog({3, 5, 63, 45});
-        CSimpleGUIAnimNode& node = node_of(moved);
-        place_keys(node, moment.places);
-        align_keys(node, moment.aligns);
-        play(node, moment.time, moment.speed);
-        EXPECT_EQ(moved->m_rect, moment.expected);
-    }
-}
-
-TEST_F(NodeTest, LeavesAShapeWithoutADialogAlone) {
-    CSimpleGUIDialog* parent = dialog({0, 0, 100, 100});
-    CSimpleGUIShape* orphan = shape(parent, {1, 2, 3, 4});
-    CSimpleGUIAnimNode& node = node_of(orphan);
-    place_keys(node, {{0, {50, 50}}});
-    parent->m_shapes.remove(orphan);
-    orphan->m_parent_dialog = nullptr;
-    play(node, 0);
-    VEC2 results[4] = {{7, 7}, {7, 7}, {7, 7}, {7, 7}};
-    node.evaluate_at({}, orphan->m_actor, results[0], results[1], results[2], results[3]);
-    EXPECT_EQ(orphan->m_rect, CRect(1, 2, 3, 4));
-    EXPECT_EQ(results[3].y, 7);
-}
 
 TEST_F(NodeTest, RecordsIntoTheKeyThatTheMomentFinds) {
     CSimpleGUIDialog* parent = dialog({0, 0, 400, 200});

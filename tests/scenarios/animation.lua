@@ -63,6 +63,21 @@ end
 host.animate("D", 1, -1)
 expect(host.get("D").m_rect, {500, 360, 900, 660})
 
+-- Alignments that change between two places, or hardly behind the moment; two places at one moment.
+for _, row in ipairs{
+    {{{0, 0}, {1, 4}}, {{0, {0, 0}}, {1, {-100, -100}}}, 0.98, {702, 502, 1102, 802}},
+    {{{0, 0}, {1, 2}, {1.5, 0}}, {{0, {0, 0}}, {2, {100, 0}}}, 0.5, {225, 0, 625, 300}},
+    {{{0, 0}}, {{1, {10, 20}}, {1, {100, 0}}}, 1, {10, 20, 410, 320}},
+    {{{0, 8}}, {}, 0, {500, 350, 900, 650}},
+} do
+    stage()
+    host.node("D")
+    keys("D", "align", "m_align", row[1])
+    for _, place in ipairs(row[2]) do host.key("D", "offset", place[1], {m_offset = place[2]}, true) end
+    host.animate("D", row[3])
+    expect(host.get("D").m_rect, row[4], row)
+end
+
 -- Halves of anchors are exact here, and each edge is rounded: 801 / 2 + 0 and + 10.
 stage(801, 600)
 host.node("D")

@@ -156,6 +156,7 @@ for _, row in ipairs{
     {2, "elsewhere/resource.png", folder .. "resource.png", found},
     {2, "elsewhere/here.png", folder .. "show_textures\\here.png", found},
     {0, "nothing.png", "文件不存在", {30, 10, 0}},
+    {1, "a folder/show_textures", "文件不存在", {30, 10, 0}},
     {3, folder .. "here.png", nil, found}, {-1, "nothing.png", nil, {30, 10, 0}},
 } do
     local slot, path, file, answer = row[1], row[2], row[3], row[4]
