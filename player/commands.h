@@ -82,6 +82,12 @@ struct NewOptions {
 /// A small project to start from.
 int create_project(const NewOptions& options);
 
+struct RestoreOptions {
+    std::string project;
+};
+/// Changes a project's file for the one that its last save has replaced.
+int restore(const RestoreOptions& options);
+
 struct FontsOptions {
     /// A part of the names to list, in any case; empty: all.
     std::string pattern;

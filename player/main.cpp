@@ -56,6 +56,7 @@ struct CommandLine {
     NewOptions new_options;
     scenario::RunOptions scenario_options;
     FunctionsOptions functions_options;
+    RestoreOptions restore_options;
     FontsOptions fonts_options;
     PublishOptions publish_options;
 
@@ -67,6 +68,8 @@ struct CommandLine {
     CLI::App* scenario = app.add_subcommand("run", "Carries out a Lua file that drives and checks projects.");
     CLI::App* import = app.add_subcommand("import", "Brings a project of the old format over into a new file.");
     CLI::App* create = app.add_subcommand("new", "Writes a small project to start from.");
+    CLI::App* restore =
+        app.add_subcommand("restore", "Puts a project back to what it was before it was last saved, or forth again.");
     CLI::App* fonts = app.add_subcommand("fonts", "Prints the names of this machine's fonts and their files.");
     CLI::App* publish = app.add_subcommand("publish", "Copies the fonts of a project beside it, for other machines.");
     CLI::App* reference = app.add_subcommand("functions", "Prints what scripts can call, one function a line.");
@@ -83,6 +86,7 @@ struct CommandLine {
         define_scenario();
         define_import();
         define_new();
+        define_restore();
         define_functions();
         define_fonts();
         define_publish();
@@ -154,6 +158,10 @@ struct CommandLine {
         create->add_option("FILE", new_options.file, "The file to write; it must not exist yet")->required();
         define_module(create);
     }
+    void define_restore() {
+        restore->add_option("PROJECT", restore_options.project, "The project file")->required();
+        restore->footer("Each save keeps the file that it replaces as PROJECT.bak; the two change places.");
+    }
     void define_functions() {
         const auto form = [this](const char* flag, FunctionsForm value, const char* text) {
             return reference->add_flag_callback(
@@ -216,6 +224,7 @@ struct CommandLine {
             functions_options.module = module;
             return player::functions(functions_options);
         }
+        if (*restore) return player::restore(restore_options);
         if (*fonts) return list_fonts(fonts_options);
         if (*publish) {
             publish_options.module = module;

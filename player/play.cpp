@@ -4,11 +4,11 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <optional>
 
 #include "host/core/clock.h"
+#include "host/core/project_disk.h"
 #include "host/core/text_conversion.h"
 #include "player/commands.h"
 #include "player/notice.h"
@@ -190,11 +190,9 @@ struct Recording {
         return true;
     }
     bool end(const std::string& file, std::string& error) const {
-        std::ofstream out(file, std::ios::binary);
-        out << recorder->text(host::now());
-        if (out.flush()) return true;
-        error = file + ": can't be written";
-        return false;
+        const bool good = host::replace_file(file, recorder->text(host::now()), host::OldFile::GONE, error);
+        if (!good) error = file + ": not written: " + error;
+        return good;
     }
 };
 

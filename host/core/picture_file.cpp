@@ -2,13 +2,13 @@
 
 #include <SDL2/SDL_image.h>
 
-#include <cerrno>
 #include <climits>
 #include <cstring>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 
+#include "host/core/project_disk.h"
 #include "host/core/sdl_handles.h"
 
 namespace host {
@@ -100,14 +100,42 @@ std::shared_ptr<const Picture> read_picture(const std::filesystem::path& path) {
     return picture;
 }
 
+namespace {
+
+struct StreamDeleter {
+    void operator()(SDL_RWops* stream) const { SDL_FreeRW(stream); }
+};
+using SdlStream = std::unique_ptr<SDL_RWops, StreamDeleter>;
+
+/// Appends to `bytes`, which has to outlive it, whatever is written to it; can do nothing else.
+SdlStream appending_stream(std::string& bytes) {
+    SdlStream stream(SDL_AllocRW());
+    if (!stream) return stream;
+    stream->hidden.unknown.data1 = &bytes;
+    stream->write = [](SDL_RWops* self, const void* data, std::size_t size, std::size_t count) {
+        static_cast<std::string*>(self->hidden.unknown.data1)->append(static_cast<const char*>(data), size * count);
+        return count;
+    };
+    stream->size = [](SDL_RWops*) -> Sint64 { return -1; };
+    stream->seek = [](SDL_RWops*, Sint64, int) -> Sint64 { return -1; };
+    stream->read = [](SDL_RWops*, void*, std::size_t, std::size_t) -> std::size_t { return 0; };
+    stream->close = [](SDL_RWops*) { return 0; };
+    return stream;
+}
+
+}  // namespace
+
 bool write_png(const std::string& path, std::vector<std::uint32_t>& argb, int width, std::string& error) {
     const int height = static_cast<int>(argb.size()) / width;
     const SdlSurface surface(SDL_CreateRGBSurfaceWithFormatFrom(
         argb.data(), width, height, 32, width * int{sizeof(std::uint32_t)}, SDL_PIXELFORMAT_RGB888));
-    errno = 0;
-    if (surface && IMG_SavePNG(surface.get(), path.c_str()) == 0) return true;
-    error = path + ": the picture could not be written: " + (errno ? std::strerror(errno) : SDL_GetError());
-    return false;
+    std::string bytes;
+    const SdlStream stream = appending_stream(bytes);
+    error = "not enough memory";
+    const bool good = surface && stream && IMG_SavePNG_RW(surface.get(), stream.get(), 0) == 0 &&
+                      replace_file(path, bytes, OldFile::GONE, error);
+    if (!good) error = path + ": the picture could not be written: " + error;
+    return good;
 }
 
 }  // namespace host

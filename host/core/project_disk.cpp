@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -24,22 +25,31 @@ public:
     ~Descriptor() { close(); }
     bool is_open() const { return m_number >= 0; }
     int number() const { return m_number; }
-    // The result counts: some file systems report a full disk only here.
+    // The result counts: some file systems report a full disk only here. Interrupted or not, the number is gone.
     bool close() {
         const int number = m_number;
         m_number = -1;
-        return number < 0 || ::close(number) == 0;
+        return number < 0 || ::close(number) == 0 || errno == EINTR;
     }
 
 private:
     int m_number;
 };
 
+/// Calls again what a signal has interrupted.
+template <class Call>
+auto uninterrupted(Call call) {
+    for (;;) {
+        const auto result = call();
+        if (result != -1 || errno != EINTR) return result;
+    }
+}
+
 bool write_all(int file, std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return false;
+        const ssize_t written = uninterrupted([&] { return ::write(file, bytes.data(), bytes.size()); });
+        if (written == 0) errno = ENOSPC;
+        if (written <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
@@ -63,32 +73,68 @@ bool follow_links(const std::string& path, fs::path& target, std::string& error)
     return false;
 }
 
-// A new file is made with the rights that the old one has, or with the usual ones.
-bool write_new_file(int file, const fs::path& old_file, std::string_view bytes, std::string& error) {
-    struct stat old {};
-    if (::stat(old_file.c_str(), &old) == 0) {
-        if (::fchmod(file, old.st_mode & 07777) != 0) {
-            error = because("cannot take over the rights of the old file");
-            return false;
+/// A name beside a file, for what is to take a place when it is whole; gone with this object if it never did.
+class PassingName {
+public:
+    explicit PassingName(const fs::path& target) : m_path(target.string() + ".XXXXXX") {}
+    PassingName(const PassingName&) = delete;
+    PassingName& operator=(const PassingName&) = delete;
+    ~PassingName() {
+        if (m_is_there) ::unlink(m_path.c_str());
+    }
+
+    /// Makes a file that is on the disk and closed afterwards, with the rights of `model` or else the usual ones.
+    bool write(const fs::path& model, std::string_view bytes, std::string& error) {
+        Descriptor file(reserve());
+        m_is_there = file.is_open();
+        const char* failed = nullptr;
+        if (!m_is_there)
+            failed = "cannot make a new file in its folder";
+        else if (!set_rights(file.number(), model))
+            failed = "cannot set the rights of the new file";
+        else if (!write_all(file.number(), bytes))
+            failed = "cannot write";
+        else if (uninterrupted([&] { return ::fsync(file.number()); }) != 0)
+            failed = "cannot flush to the disk";
+        else if (!file.close())
+            failed = "cannot write";
+        if (failed) error = because(failed);
+        return !failed;
+    }
+
+    /// Becomes a second name of a file, or its copy where the file system knows no second names.
+    bool keep(const fs::path& file, std::string& error) {
+        if (Descriptor(reserve()).is_open()) {
+            ::unlink(m_path.c_str());
+            m_is_there = ::link(file.c_str(), m_path.c_str()) == 0;
         }
-    } else {
+        std::string bytes;
+        return m_is_there || (read_whole_file(file.string(), SIZE_MAX, bytes, error) && write(file, bytes, error));
+    }
+
+    bool rename_to(const fs::path& target) {
+        if (uninterrupted([&] { return ::rename(m_path.c_str(), target.c_str()); }) != 0) return false;
+        m_is_there = false;
+        return true;
+    }
+
+private:
+    int reserve() {
+        constexpr std::string_view open_end = "XXXXXX";
+        m_path.replace(m_path.size() - open_end.size(), open_end.size(), open_end);
+        return ::mkstemp(m_path.data());
+    }
+    static bool set_rights(int file, const fs::path& model) {
+        struct stat old {};
+        if (::stat(model.c_str(), &old) == 0) return ::fchmod(file, old.st_mode & 07777) == 0;
         const mode_t mask = ::umask(0);
         ::umask(mask);
-        if (::fchmod(file, 0666 & ~mask) != 0) {
-            error = because("cannot set the rights of the new file");
-            return false;
-        }
+        return ::fchmod(file, 0666 & ~mask) == 0;
     }
-    if (!write_all(file, bytes)) {
-        error = because("cannot write");
-        return false;
-    }
-    if (::fsync(file) != 0) {
-        error = because("cannot flush to the disk");
-        return false;
-    }
-    return true;
-}
+
+    std::string m_path;
+    bool m_is_there = false;
+};
 
 // Makes the new name itself survive a crash; a folder that can't be flushed is no reason to fail.
 void flush_folder(const fs::path& folder) {
@@ -129,7 +175,14 @@ bool read_whole_file(const std::string& path, std::size_t largest, std::string& 
     return true;
 }
 
-bool replace_file(const std::string& path, std::string_view bytes, std::string& error) {
+std::string backup_of(const std::string& path) {
+    fs::path target;
+    std::string ignored;
+    follow_links(path, target, ignored);
+    return target.string() + ".bak";
+}
+
+bool replace_file(const std::string& path, std::string_view bytes, OldFile old_file, std::string& error) {
     fs::path target;
     if (!follow_links(path, target, error)) return false;
     std::error_code code;
@@ -138,26 +191,22 @@ bool replace_file(const std::string& path, std::string_view bytes, std::string& 
         error = "cannot replace: it is no plain file";
         return false;
     }
-    std::string beside = target.string() + ".XXXXXX";
-    Descriptor file(::mkstemp(beside.data()));
-    if (!file.is_open()) {
-        error = because("cannot make a new file in its folder");
+    PassingName fresh(target);
+    if (!fresh.write(target, bytes, error)) return false;
+    PassingName old(target);
+    const bool is_kept = old_file == OldFile::KEPT && fs::exists(status);
+    if (is_kept && !old.keep(target, error)) {
+        error = "cannot keep the old file: " + error;
         return false;
     }
-    bool good = write_new_file(file.number(), target, bytes, error);
-    if (!file.close() && good) {
-        error = because("cannot write");
-        good = false;
-    }
-    if (good && ::rename(beside.c_str(), target.c_str()) != 0) {
+    if (!fresh.rename_to(target)) {
         error = because("cannot put the new file in the place of the old one");
-        good = false;
+        return false;
     }
-    if (good)
-        flush_folder(target.parent_path());
-    else
-        ::unlink(beside.c_str());
-    return good;
+    // Behind the new file, so that a save which fails takes nothing from an older version that is still kept.
+    if (is_kept) (void)old.rename_to(backup_of(target.string()));
+    flush_folder(target.parent_path());
+    return true;
 }
 
 }  // namespace host

@@ -215,13 +215,33 @@ bool parse_project(std::string_view text, const std::string& name, ProjectDocume
     return good;
 }
 
+namespace {
+
+bool read_bytes(const std::string& path, std::string& bytes, std::string& error) {
+    if (read_whole_file(path, largest_file, bytes, error)) return true;
+    error = path + ":1: " + error;
+    return false;
+}
+
+}  // namespace
+
+bool restore_project(const std::string& path, std::string& error) {
+    std::string bytes;
+    ProjectDocument former;
+    const std::string backup = backup_of(path);
+    return read_bytes(backup, bytes, error) && parse_project(bytes, backup, former, error) &&
+           replace_file(path, bytes, OldFile::KEPT, error);
+}
+
 bool read_project(const std::string& path, ProjectDocument& document, std::string& error) {
     std::string bytes;
-    if (!read_whole_file(path, largest_file, bytes, error)) {
-        error = path + ":1: " + error;
-        return false;
-    }
-    return parse_project(bytes, path, document, error);
+    if (read_bytes(path, bytes, error) && parse_project(bytes, path, document, error)) return true;
+    ProjectDocument former;
+    std::string ignored;
+    const std::string backup = backup_of(path);
+    if (read_bytes(backup, bytes, ignored) && parse_project(bytes, backup, former, ignored))
+        error += "; " + backup + " holds it as it was before it was last saved";
+    return false;
 }
 
 }  // namespace host

@@ -184,9 +184,23 @@ std::string format_project(const ProjectDocument& document, std::string& error) 
     }
 }
 
+namespace {
+
+// What can't be read again must not take the place of what can.
+bool comes_back(const std::string& bytes, std::string& error) {
+    ProjectDocument back;
+    if (!parse_project(bytes, "the new text", back, error)) return false;
+    if (format_project(back, error) == bytes) return true;
+    if (error.empty()) error = "it would not come back as it is";
+    return false;
+}
+
+}  // namespace
+
 bool write_project(const std::string& path, const ProjectDocument& document, std::string& error) {
+    error.clear();
     const std::string bytes = format_project(document, error);
-    const bool good = !bytes.empty() && replace_file(path, bytes, error);
+    const bool good = !bytes.empty() && comes_back(bytes, error) && replace_file(path, bytes, OldFile::KEPT, error);
     if (!good) error = path + ": not saved: " + error;
     return good;
 }

@@ -3,13 +3,13 @@
 #include <SDL.h>
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 
 #include "engine/services.h"
 #include "host/core/big5.h"
 #include "host/core/font_files.h"
 #include "host/core/native_path.h"
+#include "host/core/project_disk.h"
 #include "host/core/text_conversion.h"
 
 namespace host {
@@ -52,16 +52,16 @@ std::wstring wide_from_code_page_950(const std::string& text) { return wide_from
 
 void print_message(const std::wstring& text) { std::fprintf(stderr, "%s\n", to_utf8(text).c_str()); }
 
-// Read as a whole ahead of the first byte written: a file that is its own copy, or can't be read, is not emptied.
+// Fonts are the files that are copied; the largest of them stay far below.
+constexpr std::size_t largest_copy = std::size_t{512} << 20;
+
 bool copy_whole_file(const std::wstring& from, const std::wstring& to) {
-    std::ifstream source(native_path(from), std::ios::binary);
-    if (!filefun::file_exist(from.c_str()) || !source) return false;
-    const std::string bytes{std::istreambuf_iterator<char>(source), {}};
-    if (source.bad()) return false;
-    std::ofstream target(native_path(to), std::ios::binary | std::ios::trunc);
-    target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    target.close();
-    return !target.fail();
+    std::error_code code;
+    // A pipe would let us wait.
+    if (!std::filesystem::is_regular_file(native_path(from), code)) return false;
+    std::string bytes, ignored;
+    return read_whole_file(native_path(from).string(), largest_copy, bytes, ignored) &&
+           replace_file(native_path(to).string(), bytes, OldFile::GONE, ignored);
 }
 
 constexpr platform_functions usual_functions{&show_sdl_hand,           &sdl_cursor_position, &list_system_fonts,

@@ -94,7 +94,30 @@ TEST_F(Saving, KeepsTheRightsOfTheOldFile) {
     EXPECT_TRUE(save(folder / "new.sgui")) << error;
     umask(mask);
     EXPECT_EQ(fs::status(folder / "new.sgui").permissions(), fs::perms(0640));
-    EXPECT_EQ(listing().size(), 2u);
+    EXPECT_EQ(listing().size(), 3u) << "the old file, its successor, the new file";
+}
+
+TEST_F(Saving, KeepsWhatItReplacesAndOffersItForADamagedFile) {
+    ASSERT_TRUE(save(file)) << error;
+    EXPECT_EQ(content(folder / "old.sgui.bak"), "old");
+    const std::string good = content(file);
+    ASSERT_TRUE(save(file)) << error;
+    EXPECT_EQ(content(folder / "old.sgui.bak"), good);
+    write(file, "damaged");
+    fs::create_symlink("old.sgui", folder / "link");
+    for (const char* name : {"old.sgui", "link"}) {
+        ProjectDocument document;
+        EXPECT_FALSE(host::read_project((folder / name).string(), document, error));
+        EXPECT_NE(error.find("old.sgui.bak holds it as it was"), std::string::npos) << error;
+    }
+    ASSERT_TRUE(host::restore_project((folder / "link").string(), error)) << error;
+    EXPECT_EQ(content(file) + content(folder / "old.sgui.bak"), good + "damaged");
+    EXPECT_FALSE(host::restore_project(file.string(), error));
+    EXPECT_EQ(content(file) + content(folder / "old.sgui.bak"), good + "damaged") << error;
+    fs::remove(folder / "old.sgui.bak");
+    fs::create_directories(folder / "old.sgui.bak" / "full");
+    EXPECT_TRUE(save(file)) << "what stands in the old file's way is no reason to lose the new one: " << error;
+    EXPECT_EQ(listing().size(), 4u);
 }
 
 TEST_F(Saving, FollowsSymbolicLinks) {

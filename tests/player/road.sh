@@ -88,6 +88,17 @@ expect 0 render wrong_script.sgui --mouse click:640,395 --mouse click:640,395 --
 says err "Button, left_down, line 3: "
 [ -s wrong.png ] || fault "no picture behind the error"
 
+# A damaged file names the one that its last save has kept, and that one comes back.
+cp hello.sgui kept.sgui
+expect 0 render hello.sgui --out x.png --save hello.sgui
+head -c 99 kept.sgui >hello.sgui
+expect 1 inspect hello.sgui
+says err "hello.sgui.bak holds it as it was before it was last saved"
+expect 0 restore hello.sgui
+same hello.sgui kept.sgui
+expect 1 restore plain.png
+says err "plain.png.bak:1: cannot open"
+
 # The whole GUI hides and comes back like its dialogs.
 hides() { sed "s|message(&quot;The button was pressed.&quot;)|$2|" hello.sgui >"$1.sgui"; }
 hides gui 'gui_script_show_gui(2)'
@@ -208,6 +219,7 @@ sheet hello.sgui --animation a --out x.png --frames 0
 play hello.sgui --frames -1
 inspect
 functions --json --lua
+restore
 fonts a --why b
 fonts --weight 400
 publish
