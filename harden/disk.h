@@ -12,11 +12,11 @@ namespace harden {
 struct Fault {
     enum Kind {
         NONE,
-        ERROR,         // it does nothing and reports `error`
-        SHORT_WRITE,   // it writes half; where it is no write, it works
-        KILL_AHEAD,    // the process dies before it,
-        KILL_AMID,     // when half is written,
-        KILL_BEHIND,   // or at once behind it
+        ERROR,        // it does nothing and reports `error`
+        SHORT_WRITE,  // it writes half; where it is no write, it works
+        KILL_AHEAD,   // the process dies before it,
+        KILL_AMID,    // when half is written,
+        KILL_BEHIND,  // or at once behind it
     };
     Kind kind = NONE;
     int at = 0;

@@ -16,6 +16,7 @@ namespace harden {
 using Folder = std::map<std::string, std::string>;  // the content of each file, by its path
 
 /// One of the states in which `before` may be found when the power goes behind the first `made` of the calls.
-Folder after_power_cut(const Folder& before, const std::vector<DiskCall>& calls, std::size_t made, std::mt19937& chance);
+Folder after_power_cut(const Folder& before, const std::vector<DiskCall>& calls, std::size_t made,
+                       std::mt19937& chance);
 
 }  // namespace harden

@@ -203,8 +203,10 @@ private:
         const Folder& expected = good ? writer.after : writer.before;
         const std::string where = "call " + std::to_string(what.at) + " with " + std::to_string(what.error);
         // The new file counts even where the old one could not be kept any more.
-        if (good && found[target] == expected.at(target)) check_state(writer, found, where);
-        else if (found != expected) violation(writer, where, "files differ from what the program believes");
+        if (good && found[target] == expected.at(target))
+            check_state(writer, found, where);
+        else if (found != expected)
+            violation(writer, where, "files differ from what the program believes");
         for (const auto& [name, bytes] : found)
             if (!writer.after.contains(name)) violation(writer, where, "left behind: " + name);
         if (!good && error.empty()) violation(writer, where, "nothing is said");

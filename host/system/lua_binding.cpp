@@ -20,6 +20,8 @@ namespace host {
 namespace {
 
 constexpr std::size_t most_params = 16;
+// In bytes. No title and no path is near it, and the engine's work on a text is seen by no limit of the script.
+constexpr std::size_t longest_text = 1'000'000;
 
 struct Value {
     int integer = 0;
@@ -85,6 +87,7 @@ void read_bool(lua_State* L, const Parameter& parameter, Value& value) {
 void read_text(lua_State* L, const Parameter& parameter, Value& value) {
     if (lua_type(L, parameter.place()) != LUA_TSTRING) wrong_value(L, parameter);
     value.text = lua_tolstring(L, parameter.place(), &value.length);
+    if (value.length > longest_text) wrong_value(L, parameter, "a text of more than a million bytes");
     if (std::find(value.text, value.text + value.length, '\0') != value.text + value.length)
         wrong_value(L, parameter, "a text with a zero byte");
 }
@@ -123,9 +126,13 @@ static_assert(std::size(readers) == std::size(kind_texts));
 
 void read_values(lua_State* L, const RegisteredFunction& function, Value* values) {
     const int expected = static_cast<int>(function.desc.params.size());
-    if (lua_gettop(L) != expected)
-        luaL_error(L, "%s takes %d value%s, %d given", function.name.c_str(), expected, expected == 1 ? "" : "s",
-                   lua_gettop(L));
+    const int given = lua_gettop(L);
+    const char* plural = expected == 1 ? "" : "s";
+    if (given < expected)
+        luaL_error(L, "%s takes %d value%s, %d given; parameter %d (%s) is missing", function.name.c_str(), expected,
+                   plural, given, given + 1, function.titles[static_cast<std::size_t>(given)].c_str());
+    if (given > expected)
+        luaL_error(L, "%s takes %d value%s, %d given", function.name.c_str(), expected, plural, given);
     luaL_checkstack(L, 8, function.name.c_str());
     for (int index = 0; index < expected; ++index) {
         const Parameter parameter{function, index};

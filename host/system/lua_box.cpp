@@ -48,6 +48,7 @@ LuaError split_message(std::string_view message) {
 // Makes every error a text that begins with its place, while the place can still be seen.
 int describe_error(lua_State* L) {
     // Not by luaL_tolstring alone: it would show an address, and two runs must print the same.
+    if (lua_type(L, 1) == LUA_TNUMBER) lua_tostring(L, 1);
     const bool has_text = lua_type(L, 1) == LUA_TSTRING || luaL_callmeta(L, 1, "__tostring");
     if (!has_text || lua_type(L, -1) != LUA_TSTRING)
         lua_pushfstring(L, "an error that is no text (%s)", luaL_typename(L, 1));

@@ -9,6 +9,7 @@
 #include "host/system/lua_box.h"
 #include "host/system/lua_pattern.h"
 #include "host/system/lua_repeatable.h"
+#include "host/system/lua_sort.h"
 
 namespace host {
 namespace {
@@ -44,17 +45,31 @@ int guarded_rep(lua_State* L) {
     const lua_Integer count = luaL_checkinteger(L, 2);
     luaL_optlstring(L, 3, "", &between);
     const std::size_t one = length + between;
-    if (count > 0 && one > 0 && static_cast<std::uint64_t>(count) > longest_repeat / one)
+    if (one == 0) {
+        // Lua would count all the same.
+        lua_pushliteral(L, "");
+        return 1;
+    }
+    if (count > 0 && static_cast<std::uint64_t>(count) > longest_repeat / one)
         return luaL_error(L, "string.rep: the result would be too long");
     return call_original(L);
 }
 
 // A metatable could claim a length that a library function then counts through, unseen by the instruction limit.
-int guarded_table(lua_State* L) {
+void check_plain_table(lua_State* L) {
     for (const char* event : {"__len", "__index", "__newindex"})
         if (luaL_getmetafield(L, 1, event) != LUA_TNIL)
-            return luaL_argerror(L, 1, "a table with its own length or access can't be used here");
+            luaL_argerror(L, 1, "a table with its own length or access can't be used here");
+}
+
+int guarded_table(lua_State* L) {
+    check_plain_table(L);
     return call_original(L);
+}
+
+int guarded_sort(lua_State* L) {
+    check_plain_table(L);
+    return sort_table(L);
 }
 
 int guarded_move(lua_State* L) {
@@ -81,10 +96,16 @@ constexpr struct {
     const char* function;
     lua_CFunction guard;
 } guarded[] = {
-    {LUA_STRLIBNAME, "rep", &guarded_rep},      {LUA_TABLIBNAME, "insert", &guarded_table},
-    {LUA_TABLIBNAME, "remove", &guarded_table}, {LUA_TABLIBNAME, "concat", &guarded_table},
-    {LUA_TABLIBNAME, "sort", &guarded_table},   {LUA_TABLIBNAME, "unpack", &guarded_table},
-    {LUA_TABLIBNAME, "move", &guarded_move},    {LUA_GNAME, "setmetatable", &guarded_setmetatable},
+    {LUA_STRLIBNAME, "rep", &guarded_rep},       {LUA_TABLIBNAME, "insert", &guarded_table},
+    {LUA_TABLIBNAME, "remove", &guarded_table},  {LUA_TABLIBNAME, "concat", &guarded_table},
+    {LUA_TABLIBNAME, "sort", &guarded_sort},     {LUA_TABLIBNAME, "unpack", &guarded_table},
+    {LUA_TABLIBNAME, "move", &guarded_move},     {LUA_GNAME, "setmetatable", &guarded_setmetatable},
+    {LUA_STRLIBNAME, "upper", &call_original},   {LUA_STRLIBNAME, "lower", &call_original},
+    {LUA_STRLIBNAME, "sub", &call_original},     {LUA_STRLIBNAME, "reverse", &call_original},
+    {LUA_STRLIBNAME, "pack", &call_original},    {LUA_STRLIBNAME, "unpack", &call_original},
+    {LUA_GNAME, "tonumber", &call_original},     {LUA_UTF8LIBNAME, "len", &call_original},
+    {LUA_UTF8LIBNAME, "char", &call_original},   {LUA_UTF8LIBNAME, "codepoint", &call_original},
+    {LUA_UTF8LIBNAME, "offset", &call_original},
 };
 
 // xpcall whose handler runs when the error is through: Lua's own calls it at the place of the error, and there, under

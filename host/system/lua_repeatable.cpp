@@ -4,6 +4,8 @@
 #include <lua.hpp>
 #include <string_view>
 
+#include "host/system/lua_box.h"
+
 namespace host {
 namespace {
 
@@ -85,11 +87,28 @@ int show_as_text(lua_State* L) {
     return 1;
 }
 
+// Quoting a text takes so much longer than any other form of it that no limit would reach it in time.
+constexpr std::size_t longest_quote = 1u << 20;
+
+// That some of the conversions are of this kind.
+bool has_conversion(std::string_view format, char kind) {
+    for (std::size_t at = format.find('%'); at != std::string_view::npos; at = format.find('%', at + 1)) {
+        at = format.find_first_not_of("-+ #0123456789.", at + 1);
+        if (at == std::string_view::npos) break;
+        if (format[at] == kind) return true;
+    }
+    return false;
+}
+
 // Upvalue: the original.
 int format_without_addresses(lua_State* L) {
+    LuaBox::of(L).check_time();
     const std::string_view format = luaL_checkstring(L, 1);
-    if (format.find("%p") != std::string_view::npos) return luaL_error(L, "string.format: %%p is not available");
+    if (has_conversion(format, 'p')) return luaL_error(L, "string.format: %%p is not available");
+    const bool quotes = has_conversion(format, 'q');
     for (int index = 2; index <= lua_gettop(L); ++index) {
+        if (quotes && lua_type(L, index) == LUA_TSTRING && lua_rawlen(L, index) > longest_quote)
+            return luaL_argerror(L, index, "a text too long to be quoted");
         if (!lua_istable(L, index) && !lua_isfunction(L, index)) continue;
         push_shown_text(L, index);
         lua_replace(L, index);

@@ -43,6 +43,7 @@ double Playback::travelled(double now) const {
 }
 
 void Playback::stay_at(double travelled, double now) {
+    m_is_sought = false;
     m_base = travelled;
     m_since = now;
 }
@@ -84,6 +85,7 @@ void Playback::stop(double now) {
 void Playback::seek(double seconds, double now) {
     const double length = has_length(m_mode) ? m_mode.length : 0.0;
     stay_at(seconds > 0.0 ? std::min(seconds, length) : 0.0, now);
+    m_is_sought = true;
     if (m_state == PlayState::STOPPED) m_state = PlayState::PAUSED;
 }
 
@@ -94,6 +96,11 @@ void Playback::reverse(double now) {
     if (moment(now).ended) m_turn = -m_turn;
 }
 
-PlayMoment Playback::moment(double now) const { return moment_at(m_mode, travelled(now), direction()); }
+PlayMoment Playback::moment(double now) const {
+    PlayMoment moment = moment_at(m_mode, travelled(now), direction());
+    // Who asked for the last moment sees it, though the next time to be played would begin there.
+    if (m_is_sought && m_state != PlayState::PLAYING) moment.seconds = m_base;
+    return moment;
+}
 
 }  // namespace host

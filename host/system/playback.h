@@ -69,6 +69,8 @@ private:
     // Where it stood at that time.
     double m_base = 0.0;
     double m_since = 0.0;
+    // It stands at a moment of the first time, to which it was taken.
+    bool m_is_sought = false;
 };
 
 }  // namespace host

@@ -1,6 +1,7 @@
 // expect, and values as text.
 
 #include <cmath>
+#include <lua.hpp>
 #include <optional>
 
 #include "player/scenario/calls.h"
@@ -64,7 +65,19 @@ std::optional<Difference> difference(const Value& got, const Value& wanted, cons
     return Difference{path, got, wanted};
 }
 
-Results expect(Scenario&, const Arguments& arguments) {
+// Each time that a function is handed over it gets a number of its own.
+bool same_function(Scenario& scenario, const Value& got, const Value& wanted) {
+    if (function_reference(got) < 0 || function_reference(wanted) < 0) return false;
+    lua_State* L = scenario.lua.state();
+    lua_rawgeti(L, LUA_REGISTRYINDEX, function_reference(got));
+    lua_rawgeti(L, LUA_REGISTRYINDEX, function_reference(wanted));
+    const bool same = lua_rawequal(L, -2, -1) != 0;
+    lua_pop(L, 2);
+    return same;
+}
+
+Results expect(Scenario& scenario, const Arguments& arguments) {
+    if (same_function(scenario, arguments.at(0), arguments.at(1))) return {};
     const auto found = difference(arguments.at(0), arguments.at(1), "");
     if (!found) return {};
     std::string text = arguments.has(2) ? short_text(arguments.at(2)) + ": " : "";

@@ -166,10 +166,12 @@ private:
         for (const host::Actor* actor : m_engine.scene().actors()) {
             const auto first = m_first.find(actor->get_id());
             if (first == m_first.end()) continue;
+            // Of several items with one name the scenario would find the first.
+            const bool is_first = m_engine.scene().find_any(actor->get_name()) == actor;
+            const std::wstring item = is_first ? std::wstring(actor->get_name()) : actor->get_id().to_text();
             for (const auto& [name, look] : looks_of(*actor)) {
                 if (first->second.looks.at(name).compared == look.compared) continue;
-                lines += "expect(host.get(" + quoted(to_utf8(actor->get_name())) + ")." + name + ", " +
-                         lua_text(look.shown) + ")\n";
+                lines += "expect(host.get(" + quoted(to_utf8(item)) + ")." + name + ", " + lua_text(look.shown) + ")\n";
             }
         }
         return lines + losses_since_the_start();

@@ -8,9 +8,6 @@ namespace scenario {
 
 namespace {
 
-// More time than a script of a project has, for functions also make pictures and open projects.
-constexpr host::LuaLimits function_limits = {.seconds = 5.0};
-
 int call_function(lua_State* L) {
     lua_rawgeti(L, LUA_REGISTRYINDEX, *static_cast<const int*>(lua_touserdata(L, 1)));
     lua_call(L, 0, 0);
@@ -55,8 +52,7 @@ void ScenarioScript::run() {
     const host::Actor* owner = scenario.engine.scene().find_any(m_owner);
     scenario.log.add_script(owner ? std::wstring(owner->get_name()) : L"", m_event);
     host::LuaError error;
-    if (!scenario.lua.protect_within(function_limits, &call_function, &function, error) &&
-        scenario.pending_error.message.empty())
+    if (!scenario.lua.protect_within({}, &call_function, &function, error) && scenario.pending_error.message.empty())
         scenario.pending_error = error;
 }
 

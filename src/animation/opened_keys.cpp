@@ -19,8 +19,9 @@ int alignment_of(const Element* element) {
 // The first key of the alignment track decides whatever its time; without keys the item does.
 int leading_alignment(ITrack* track, const NodeIndex::Item& found, const IActor& actor) {
     if (track->get_key_count() > 0) {
-        const auto* aligns = track_of<SGuiAlign>(track);
-        return aligns ? static_cast<const SGuiAlign&>(*aligns->keys().front()).m_align : 0;
+        auto* aligns = track_of<SGuiAlign>(track);
+        if (!aligns || aligns->keys().empty()) return 0;
+        return static_cast<const SGuiAlign&>(*aligns->keys().front()).m_align;
     }
     const IBaseItem* item = actor.get_item();
     if (item && item->get_type() == ITEM_TYPE_DIALOG) return alignment_of(found.dialog);

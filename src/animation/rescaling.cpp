@@ -2,6 +2,7 @@
 // another view, the form that leads stays and the other is computed anew. Alignment 9 lets the fractions lead, any
 // other the pixels.
 
+#include <optional>
 #include <vector>
 
 #include "animation/anim_node.h"
@@ -113,6 +114,11 @@ void CSimpleGUIAnimNode::rescale_keys(IActor* actor) {
     if (!offsets || !sizes || !aligns) return;
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists() || !item.has_frame) return;
+    auto* known_aligns = track_of<SGuiAlign>(aligns);
+    const TBaseTrack<SGuiOffset>::KnownOrder offsets_in_order(*offsets);
+    const TBaseTrack<SGuiSize>::KnownOrder sizes_in_order(*sizes);
+    std::optional<TBaseTrack<SGuiAlign>::KnownOrder> aligns_in_order;
+    if (known_aligns) aligns_in_order.emplace(*known_aligns);
     // All evaluations come ahead of the first write: the one at a key's moment reads the key's neighbours.
     evaluate_keys(*offsets, offset_fields, aligns, item, offset_results);
     evaluate_keys(*sizes, size_fields, aligns, item, size_results);

@@ -54,27 +54,32 @@ void TBaseTrack<T>::note_order() {
     // Times that are no numbers are in no order either.
     const auto descends = [](const IKey* a, const IKey* b) { return !(a->m_time <= b->m_time); };
     m_sorted = std::adjacent_find(m_keys.begin(), m_keys.end(), descends) == m_keys.end();
-    m_lent = false;
+}
+
+template <class T>
+const std::vector<IKey*>& TBaseTrack<T>::keys() {
+    if (m_lent) std::erase(m_keys, nullptr);
+    return m_keys;
 }
 
 // A moment in a sorted track is found by halving. A track can be in any order while it is read or edited, and then the
 // walk decides which of several keys is meant.
 template <class T>
 template <class Condition>
-std::size_t TBaseTrack<T>::first_with(Condition condition) const {
+std::size_t TBaseTrack<T>::first_with(Condition condition) {
     const auto fails = [&](const IKey* key) { return !condition(*key); };
-    const auto found = is_searchable() ? std::partition_point(m_keys.begin(), m_keys.end(), fails)
-                                       : std::find_if_not(m_keys.begin(), m_keys.end(), fails);
-    return static_cast<std::size_t>(found - m_keys.begin());
+    const auto found = is_searchable() ? std::partition_point(keys().begin(), m_keys.cend(), fails)
+                                       : std::find_if_not(keys().begin(), m_keys.cend(), fails);
+    return static_cast<std::size_t>(found - m_keys.cbegin());
 }
 
 template <class T>
 template <class Condition>
-std::size_t TBaseTrack<T>::behind_last_with(Condition condition) const {
+std::size_t TBaseTrack<T>::behind_last_with(Condition condition) {
     const auto holds = [&](const IKey* key) { return condition(*key); };
-    const auto found = is_searchable() ? std::partition_point(m_keys.begin(), m_keys.end(), holds)
-                                       : std::find_if(m_keys.rbegin(), m_keys.rend(), holds).base();
-    return static_cast<std::size_t>(found - m_keys.begin());
+    const auto found = is_searchable() ? std::partition_point(keys().begin(), m_keys.cend(), holds)
+                                       : std::find_if(keys().rbegin(), m_keys.crend(), holds).base();
+    return static_cast<std::size_t>(found - m_keys.cbegin());
 }
 
 template <class T>
@@ -89,7 +94,7 @@ template <class T>
 bool TBaseTrack<T>::insert_key(IKey* key) {
     if (!key) return false;
     const float time = key->m_time;
-    if (m_keys.size() < 2) {
+    if (keys().size() < 2) {
         // A second key may lie as near to the only one as it likes.
         const bool behind = !m_keys.empty() && !(time < m_keys.front()->m_time);
         place_key(behind ? 1 : 0, key);
@@ -126,6 +131,7 @@ void TBaseTrack<T>::get_value(float, tstringW&) {}
 
 template <class T>
 void TBaseTrack<T>::sort_keys() {
+    keys();
     std::stable_sort(m_keys.begin(), m_keys.end(), [](const IKey* a, const IKey* b) { return a->m_time < b->m_time; });
     note_order();
 }
@@ -133,7 +139,7 @@ void TBaseTrack<T>::sort_keys() {
 template <class T>
 bool TBaseTrack<T>::append_key(IKey* key) {
     if (!key) return false;
-    place_key(m_keys.size(), key);
+    place_key(keys().size(), key);
     return true;
 }
 

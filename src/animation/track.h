@@ -23,8 +23,7 @@ public:
     bool insert_key(IKey* key) override;
     void remove_key(float time) override;
     IKey* find_key(float time) override;
-    /// From here on the caller can put them in any order, so that each search walks until sort_keys or update_keys
-    /// looks at the order again.
+    /// From here on the caller can put anything into the list at any time, so each search walks.
     std::vector<IKey*>& get_keys() override {
         m_lent = true;
         return m_keys;
@@ -35,7 +34,10 @@ public:
     void set_track_type(int type) override { m_track_type = type; }
     /// By time; equal times keep their order.
     void sort_keys() override;
-    void update_keys() override { note_order(); }
+    void update_keys() override {
+        keys();
+        note_order();
+    }
     bool is_active() override { return !m_keys.empty() && m_active; }
     void set_active(bool active) override { m_active = active; }
     int get_track_data() override { return m_track_data; }
@@ -46,8 +48,26 @@ public:
     IKey* find_key_before(float time) override;
     void get_near_keys(const SAnimateContext& context, IKey*& before, IKey*& after) override;
 
-    /// For those that leave order and times alone.
-    const std::vector<IKey*>& keys() const { return m_keys; }
+    /// For those that leave order and times alone; without null entries, which only a lent list can get.
+    const std::vector<IKey*>& keys();
+
+    /// For an operation of many searches in which nobody else touches the keys: looks at the order of a lent list once,
+    /// so that all of them can halve.
+    class KnownOrder {
+    public:
+        explicit KnownOrder(TBaseTrack& track) : m_track(track), m_lent(track.m_lent) {
+            track.keys();
+            if (m_lent) track.note_order();
+            track.m_lent = false;
+        }
+        ~KnownOrder() { m_track.m_lent = m_lent; }
+        KnownOrder(const KnownOrder&) = delete;
+        KnownOrder& operator=(const KnownOrder&) = delete;
+
+    private:
+        TBaseTrack& m_track;
+        const bool m_lent;
+    };
 
 private:
     bool is_at(const IKey& key, float time) const;
@@ -56,15 +76,15 @@ private:
     void place_key(std::size_t place, IKey* key);
     /// The place of the first key that meets a condition which, once it holds in the order of time, goes on holding.
     template <class Condition>
-    std::size_t first_with(Condition condition) const;
+    std::size_t first_with(Condition condition);
     /// The place behind the last key that meets a condition which, once it fails in the order of time, goes on failing.
     template <class Condition>
-    std::size_t behind_last_with(Condition condition) const;
+    std::size_t behind_last_with(Condition condition);
 
     std::vector<IKey*> m_keys;
     // The times ascend, as far as this class has seen to it.
     bool m_sorted = true;
-    // Somebody outside holds the list, and may have changed it since.
+    // Somebody outside holds the list and may change it.
     bool m_lent = false;
     float m_time_tolerance = time_tolerance;
     int m_track_type = 0;

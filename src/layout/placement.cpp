@@ -1,5 +1,7 @@
 #include "layout/placement.h"
 
+#include <cmath>
+
 #include "layout/anchors.h"
 #include "layout/rounding.h"
 
@@ -24,8 +26,10 @@ std::int32_t edge_at(float share, std::int32_t frame_size, std::int32_t origin) 
     return saturated(std::int64_t{round_half_up(static_cast<float>(frame_size) * share)} + origin);
 }
 
-float share_of(std::int32_t edge, std::int32_t origin, std::int32_t frame_size) {
-    if (frame_size == 0) return 0.0f;
+// In a frame without a size nothing can be measured: what is known stays, so that the element comes back with the
+// frame.
+float share_of(std::int32_t edge, std::int32_t origin, std::int32_t frame_size, float known) {
+    if (frame_size == 0) return std::isfinite(known) ? known : 0.0f;
     return static_cast<float>(static_cast<double>(std::int64_t{edge} - origin) / frame_size);
 }
 
@@ -48,10 +52,10 @@ void update_placement(Placement& placement, const CRect& frame, const CRect& rec
     const std::int32_t width = frame.Width();
     const std::int32_t height = frame.Height();
     if (placement.scale) {
-        placement.left = share_of(rect.left, frame.left, width);
-        placement.right = share_of(rect.right, frame.left, width);
-        placement.top = share_of(rect.top, frame.top, height);
-        placement.bottom = share_of(rect.bottom, frame.top, height);
+        placement.left = share_of(rect.left, frame.left, width, placement.left);
+        placement.right = share_of(rect.right, frame.left, width, placement.right);
+        placement.top = share_of(rect.top, frame.top, height, placement.top);
+        placement.bottom = share_of(rect.bottom, frame.top, height, placement.bottom);
         return;
     }
     if (!has_anchor(placement.align)) return;

@@ -94,6 +94,22 @@ TEST(Track, ShowsItsKeysAsNamedProperties) {
     EXPECT_EQ(read.y, 2.0f);
 }
 
+// What somebody outside does to the list that it was given.
+TEST(Track, StandsWhatBecomesOfALentList) {
+    CMyComPtr<ITrack> track = track_of({1, 2, 3});
+    std::vector<IKey*>& held = track->get_keys();
+    track->sort_keys();
+    std::swap(held[0], held[2]);
+    EXPECT_EQ(track->find_key(3)->m_time, 3);
+    held.insert(held.begin() + 1, nullptr);
+    EXPECT_EQ(track->find_key_before(2.5f)->m_time, 1);
+    held.push_back(nullptr);
+    track->remove_key(2);
+    track->create_key(2.5f, false);
+    track->sort_keys();
+    EXPECT_EQ(times_of(*track), (std::vector<float>{1, 2.5f, 3}));
+}
+
 TEST_F(GuiTest, ANodeOutlivesACleanProject) {
     CMyComPtr<CAnimNodeBase> node(AnimSystemLibrary::create_anim_node_by_type(&engine, 1001, CGuid()));
     gui.on_clean_project();

@@ -135,6 +135,16 @@ TEST_F(AnimationsTest, PlayPauseSeekAndTurnRound) {
     EXPECT_EQ(shown.moment(), 2.0);
     shown.start();
     EXPECT_EQ(frame_at(21), 2.0f);
+    for (const int count : {-1, 3}) {
+        for (const float factor : {1.0f, -1.0f}) {
+            shown.set_anim_info({2, 30, 0, count, factor});
+            shown.stop();
+            for (const double edge : {0.0, 2.0}) {
+                shown.seek(edge);
+                EXPECT_EQ(witness->shown.m_time, edge) << "not that of the time before or behind";
+            }
+        }
+    }
 }
 
 TEST_F(AnimationsTest, TakeTheirSpeedFromTheFactor) {

@@ -39,6 +39,14 @@ TEST(LuaBox, StopsScriptsThatWouldNotEnd) {
         {"return table.unpack({}, 1, 1 << 30)", "too many"},
         {"local s = ('x'):rep(1 << 20) while true do s:upper() end", "too m"},
         {"table.sort({3, 2, 1}, function() while true do end end)", "too m"},
+        {"while true do (''):rep(1 << 50) end", "too m"},
+        {"local s, t = ('x'):rep(1 << 20), {} for i = 1, 99999 do t[i] = s .. i end", "memory"},
+        {"local a, b = ('x'):rep(1 << 19) .. 1, ('x'):rep(1 << 19) .. 2 local t = {} "
+         "for i = 1, 20000 do t[i] = i % 2 == 0 and a or b end table.sort(t)",
+         "too m"},
+        {"local s = ('\\0'):rep(150000) while true do pcall(string.format, '%q', s) end", "too m"},
+        {"local s = ('x'):rep(1 << 21) while true do utf8.len(s) end", "too m"},
+        {"return string.format('%-5p', {})", "%p"},
     };
     host::LuaLimits limits;
     limits.memory_bytes = 8u << 20;
@@ -89,6 +97,29 @@ TEST(LuaBox, OffersNothingButItsList) {
     EXPECT_EQ(names,
               "_G _VERSION assert error getmetatable ipairs math next pairs pcall print rawequal rawget rawlen rawset "
               "select setmetatable string table tonumber tostring type utf8 xpcall");
+}
+
+TEST(LuaBox, SortsEqualElementsAsTheyStood) {
+    LuaBox box;
+    LuaError error;
+    EXPECT_TRUE(box.run(R"(
+        for _, count in ipairs{0, 1, 2, 3, 7, 64, 1000} do
+            local list = {}
+            for i = 1, count do list[i] = {i = i, key = i * 7919 % 10} end
+            table.sort(list, function(a, b) return a.key < b.key end)
+            for i = 2, count do
+                local a, b = list[i - 1], list[i]
+                assert(a.key < b.key or a.key == b.key and a.i < b.i, i)
+            end
+        end
+        local words = {'b', 'a', 'c', 'a'}
+        table.sort(words)
+        assert(table.concat(words) == 'aabc' and not pcall(table.sort, {1, 'x'}) and not pcall(table.sort, {}, 5))
+        local untouched = {3, 1, 2}
+        assert(not pcall(table.sort, untouched, function(a, b) error('no') end) and table.concat(untouched) == '312')
+        assert(string.format('100%%p %5.1f|%-3s|', 1.25, 'a') == '100%p   1.2|a  |'))",
+                        error))
+        << error.line << error.message;
 }
 
 // By itself Lua seeds its tables with addresses and the time of day, so that no two runs walk and print alike.

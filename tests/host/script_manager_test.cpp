@@ -55,7 +55,7 @@ TEST_F(Scripts, AWrongCallNamesFunctionParameterAndValue) {
         const char* call;
         const char* message;
     } calls[] = {
-        {"sum()", "sum takes 6 values, 0 given"},
+        {"sum()", "sum takes 6 values, 0 given; parameter 1 (数) is missing"},
         {"silent(1)", "silent takes 0 values, 1 given"},
         {"sum(1.5, 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number of 32 bits, 1.5 given"},
         {"sum('1', 0, 0, '', {}, {})", "sum: parameter 1 (数) must be a whole number of 32 bits, \"1\" given"},

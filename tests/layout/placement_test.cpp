@@ -81,10 +81,11 @@ TEST(Placement, RoundsEachScaledEdgeForItselfAheadOfTheOrigin) {
     EXPECT_EQ(place.offset_x, 0);
 }
 
-TEST(Placement, InAFrameWithoutASizeStoresZeros) {
-    Placement place = scaled(1, 1, 1, 1);
-    update_placement(place, {10, 20, 10, 20}, {10, 30, 50, 60});
-    for (float share : {place.left, place.right, place.top, place.bottom}) EXPECT_EQ(share, 0.0f);
+TEST(Placement, ComesBackFromAFrameWithoutASize) {
+    Placement place{0, 0, 0, 1, 0.25f, 0.75f, 0.5f, 1};
+    update_placement(place, {10, 20, 10, 220}, {10, 30, 50, 60});
+    EXPECT_EQ(std::vector({place.left, place.right}), std::vector({0.25f, 0.75f}));
+    EXPECT_EQ(std::vector({place.top, place.bottom}), std::vector({0.05f, 0.2f}));
     EXPECT_EQ(resized_rect({10, 10, 20, 20}, {0, 0, 0, 0}, {0, 0, 100, 100}, 8, 0), CRect(-5, -5, 5, 5));
     EXPECT_EQ(resized_rect({10, 10, 20, 20}, {0, 0, 0, 0}, {3, 4, 100, 100}, 0, 1), CRect(3, 4, 3, 4));
 }

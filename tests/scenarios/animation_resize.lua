@@ -166,3 +166,18 @@ for _ = 1, 5 do
     for _, time in ipairs{1, 0.5, 0} do play(time, -1) end
     host.view(800, 600)
 end
+
+-- A view without a size, while something plays: what is scaled comes back with it.
+host.new(800, 600)
+host.dialog{name = "D", rect = {200, 150, 600, 450}, scale = 1}
+host.shape{dialog = "D", name = "S", rect = {300, 225, 400, 300}, scale = 1}
+for _, name in ipairs{"D", "S"} do
+    host.node(name)
+    host.key(name, "visible", 0, {m_visible = 1})
+end
+for _, size in ipairs{{0, 0}, {0, 600}, {800, 0}} do
+    host.view(size[1], size[2])
+    for _, name in ipairs{"D", "S"} do host.animate(name, 0) end
+    host.view(800, 600)
+    expect({host.get("D").m_rect, host.get("S").m_rect}, {{200, 150, 600, 450}, {300, 225, 400, 300}}, size)
+end
