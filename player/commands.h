@@ -92,8 +92,8 @@ struct FontsOptions {
     /// A part of the names to list, in any case; empty: all.
     std::string pattern;
     bool json = false;
-    /// Explains how this face is looked for instead; empty: not.
-    std::string face;
+    /// Explains how this face is looked for instead.
+    std::optional<std::string> face;
     int weight = 400;
     bool italic = false;
 };

@@ -1,5 +1,7 @@
 #include "player/font_warnings.h"
 
+#include <algorithm>
+
 #include "engine/services.h"
 #include "host/core/log.h"
 #include "host/core/text_conversion.h"
@@ -10,11 +12,11 @@ namespace {
 
 // How a line about a missing file begins; its path follows.
 constexpr std::wstring_view missing = L"无法加载";
-// The published folder, where the module looks last.
-constexpr std::wstring_view last_place = L"_textures/";
 
-bool is_last_place(const std::wstring& path) {
-    return std::wstring_view(filefun::get_file_path(path.c_str())).ends_with(last_place);
+/// Where the module looks last for a font of the project.
+std::wstring last_place(const std::wstring& project, const StoredSlot& slot) {
+    return filefun::get_file_path(project.c_str()) + filefun::get_pure_filename(project.c_str(), false) +
+           L"_textures/" + slot.file;
 }
 
 }  // namespace
@@ -25,7 +27,7 @@ FontWarnings::FontWarnings() {
 
 FontWarnings::~FontWarnings() { host::set_log_sink({}); }
 
-std::vector<std::string> FontWarnings::all() const {
+std::vector<std::string> FontWarnings::all(const std::wstring& project, const std::vector<StoredSlot>& slots) const {
     std::vector<std::string> warnings;
     for (const std::wstring& line : m_lines) {
         if (!line.starts_with(missing)) {
@@ -33,11 +35,13 @@ std::vector<std::string> FontWarnings::all() const {
             continue;
         }
         const std::wstring path = line.substr(missing.size());
-        if (!is_last_place(path)) continue;
-        const std::wstring file = filefun::get_pure_filename(path.c_str(), true);
-        warnings.push_back("the font file \"" + to_utf8(file) +
-                           "\" is not beside the project, nor is its font installed: its slot and all behind it show "
-                           "the default font (sgui inspect tells more)");
+        const auto slot = std::find_if(slots.begin(), slots.end(), [&](const StoredSlot& stored) {
+            return !stored.is_default() && path == last_place(project, stored);
+        });
+        if (slot == slots.end()) continue;
+        warnings.push_back("the font \"" + to_utf8(slot->wish.face) + "\" (\"" + to_utf8(slot->file) +
+                           "\") is neither beside the project nor installed: its slot and all behind it show the "
+                           "default font (sgui inspect tells more)");
     }
     return warnings;
 }

@@ -37,6 +37,13 @@ fonts::NameMap matching(const fonts::NameMap& names, const std::string& pattern)
     return found;
 }
 
+// A font file may declare anything, also what a terminal would take for a command.
+std::string on_one_line(std::string name) {
+    for (char& c : name)
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+    return name;
+}
+
 void print_names(const fonts::NameMap& names, bool json) {
     if (json) {
         ordered_json list = ordered_json::array();
@@ -44,7 +51,7 @@ void print_names(const fonts::NameMap& names, bool json) {
         std::cout << list.dump(2) << '\n';
         return;
     }
-    for (const auto& [name, file] : names) std::cout << padded(name, 40) << "  " << file << '\n';
+    for (const auto& [name, file] : names) std::cout << padded(on_one_line(name), 40) << "  " << file << '\n';
 }
 
 int list_names(const ScenarioLibrary& library, const FontsOptions& options) {
@@ -52,7 +59,8 @@ int list_names(const ScenarioLibrary& library, const FontsOptions& options) {
     if (!library.font_names(names)) return fail("the fonts of this machine can't be listed");
     const fonts::NameMap found = matching(names, options.pattern);
     print_names(found, options.json);
-    if (found.empty()) return fail("no font name holds \"" + options.pattern + "\"");
+    if (found.empty())
+        return fail(names.empty() ? "this machine has no fonts" : "no font name holds \"" + options.pattern + "\"");
     return EXIT_DONE;
 }
 
@@ -83,19 +91,22 @@ void print_search_json(const Search& search) {
 }
 
 int explain(const ScenarioLibrary& library, const FontsOptions& options) {
-    FontWish wish{from_utf8(options.face), options.weight, options.italic};
+    FontWish wish{from_utf8(*options.face), options.weight, options.italic};
     Search search;
     library.font_tries(wish, search.tries);
     while (search.is_found() && search.tries[search.hit].file.empty()) ++search.hit;
     options.json ? print_search_json(search) : print_search(search);
     if (search.is_found()) return EXIT_DONE;
-    if (search.tries.empty()) return fail("\"" + options.face + "\" is the engine's own font, which is not looked for");
-    return fail("no name that \"" + options.face + "\" is looked for under is known here (see \"sgui fonts\")");
+    if (search.tries.empty())
+        return fail("\"" + *options.face + "\" is the engine's own font, which is not looked for");
+    return fail("no name that \"" + *options.face + "\" is looked for under is known here (see \"sgui fonts\")");
 }
 
 std::string fate_of(const fonts::PublishedSlot& slot) {
     if (slot.stored.is_default()) return "the engine's own font";
     if (slot.source.empty()) return "NOT FOUND here: it is neither installed nor beside the project";
+    if (!slot.replaced_by.empty())
+        return "NOT KEPT: " + slot.replaced_by + " has the same file name as " + slot.source + " and took its place";
     if (slot.copy.empty()) return "NOT COPIED: " + slot.source + " can't be read, or the folder can't be written to";
     const std::string copy =
         slot.copy == slot.source ? slot.source + " is beside the project" : slot.source + " -> " + slot.copy;
@@ -110,7 +121,7 @@ int list_fonts(const FontsOptions& options) {
     ScenarioLibrary library;
     std::string error;
     if (!library.load(error)) return fail(error);
-    return options.face.empty() ? list_names(library, options) : explain(library, options);
+    return options.face ? explain(library, options) : list_names(library, options);
 }
 
 int publish(const PublishOptions& options) {

@@ -6,6 +6,7 @@
 #include "engine/numbers.h"
 #include "host/core/clock.h"
 #include "host/core/default_font.h"
+#include "host/core/project_file.h"
 #include "player/font_warnings.h"
 #include "player/libraries.h"
 
@@ -55,8 +56,10 @@ std::unique_ptr<Session> Session::start(std::unique_ptr<host::SdlDevice> device,
 bool Session::open(const std::string& path, ViewSize size, std::string& error) {
     const FontWarnings fonts;
     m_engine->new_project(size.width, size.height);
-    if (!m_engine->open_project(path, error)) return false;
-    for (const std::string& warning : fonts.all()) std::cerr << "sgui: warning: " << warning << '\n';
+    host::ProjectDocument document;
+    if (!host::read_project(path, document, error) || !m_engine->open_document(document, path, error)) return false;
+    for (const std::string& warning : fonts.all(m_engine->project_file_path, stored_slots(document)))
+        std::cerr << "sgui: warning: " << warning << '\n';
     for (const std::string& warning : m_engine->warnings()) std::cerr << "sgui: warning: " << warning << '\n';
     return true;
 }

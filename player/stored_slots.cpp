@@ -34,7 +34,9 @@ std::vector<StoredSlot> stored_slots(const host::ProjectDocument& document) {
     const host::ProjectNode* setting = setting_of(document);
     for (std::size_t slot = 0; setting && slot < slot_count; ++slot) {
         StoredSlot& stored = slots.emplace_back();
-        stored.wish.face = value_of<tstringW>(*setting, key_of(slot, "lfFaceName"), L"Default");
+        // A setting of before there were fonts has no records; in a record a face that is missing is an empty one.
+        const tstringW without_face = setting->find(key_of(0, "lfHeight")) ? L"" : L"Default";
+        stored.wish.face = value_of<tstringW>(*setting, key_of(slot, "lfFaceName"), without_face);
         stored.wish.weight = value_of(*setting, key_of(slot, "lfWeight"), 0);
         stored.size = static_cast<unsigned>(std::abs(std::int64_t{value_of(*setting, key_of(slot, "lfHeight"), 0)}));
         // The field is the low byte of its word.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <filesystem>
 
 #include "host/core/native_path.h"
 
@@ -18,9 +19,10 @@ std::uint64_t next_face_id() {
 }  // namespace
 
 // The font library counts its users, so every face keeps it alive for itself.
-IBaseFont::Face::Face(unsigned asked_height)
+IBaseFont::Face::Face(unsigned asked)
     : id(next_face_id()),
-      height(static_cast<int>(std::min<unsigned>(asked_height, INT_MAX))),
+      asked_height(asked),
+      height(static_cast<int>(std::min<unsigned>(asked, INT_MAX))),
       m_library_ready(TTF_Init() == 0) {}
 
 IBaseFont::Face::~Face() {
@@ -52,6 +54,9 @@ std::unique_ptr<IBaseFont::Face> IBaseFont::Face::from_file(const wchar_t* path,
     auto face = std::make_unique<Face>(height);
     if (path) face->path = path;
     if (!path || !face->can_open()) return face;
+    std::error_code code;
+    // Opening a pipe would wait for whoever writes to it.
+    if (!std::filesystem::is_regular_file(host::native_path(face->path), code)) return face;
     const std::u8string file = host::native_path(face->path).u8string();
     face->adopt(TTF_OpenFontIndex(reinterpret_cast<const char*>(file.c_str()), face->height, 0));
     return face;

@@ -15,14 +15,16 @@ struct IBaseFont::Face {
     static std::unique_ptr<Face> from_memory(const void* image, unsigned length, unsigned height);
     static std::unique_ptr<Face> from_file(const wchar_t* path, unsigned height);
 
-    explicit Face(unsigned asked_height);
+    explicit Face(unsigned asked);
     ~Face();
     Face(const Face&) = delete;
     Face& operator=(const Face&) = delete;
 
     /// Differs between all faces of a program, also those that are gone, so that caches may keep it.
     const std::uint64_t id;
-    /// In pixels, as asked for.
+    /// In pixels.
+    const unsigned asked_height;
+    /// The same as far as the engine can tell it.
     int height;
     bool italic = false;
     /// Empty for a face from memory.

@@ -2,7 +2,9 @@
 
 #include <SDL.h>
 
+#include <cstdint>
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 
 #include "engine/services.h"
@@ -52,16 +54,15 @@ std::wstring wide_from_code_page_950(const std::string& text) { return wide_from
 
 void print_message(const std::wstring& text) { std::fprintf(stderr, "%s\n", to_utf8(text).c_str()); }
 
-// Fonts are the files that are copied; the largest of them stay far below.
-constexpr std::size_t largest_copy = std::size_t{512} << 20;
-
-bool copy_whole_file(const std::wstring& from, const std::wstring& to) {
+bool copy_whole_file(const std::wstring& from, const std::wstring& to) try {
     std::error_code code;
     // A pipe would let us wait.
     if (!std::filesystem::is_regular_file(native_path(from), code)) return false;
     std::string bytes, ignored;
-    return read_whole_file(native_path(from).string(), largest_copy, bytes, ignored) &&
+    return read_whole_file(native_path(from).string(), SIZE_MAX, bytes, ignored) &&
            replace_file(native_path(to).string(), bytes, OldFile::GONE, ignored);
+} catch (const std::exception&) {
+    return false;  // there is no memory for so large a file
 }
 
 constexpr platform_functions usual_functions{&show_sdl_hand,           &sdl_cursor_position, &list_system_fonts,

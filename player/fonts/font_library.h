@@ -28,6 +28,8 @@ struct PublishedSlot {
     std::string source;
     /// Where the copy lies; empty where there is none. The same as the source where that lies beside the project.
     std::string copy;
+    /// The font of another slot that was copied to the same place behind it; empty where there is none.
+    std::string replaced_by;
     /// The project now names the file, which it did not before.
     bool named_anew = false;
 };

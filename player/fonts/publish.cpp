@@ -32,12 +32,12 @@ std::string utf8(const fs::path& path) {
     return {bytes.begin(), bytes.end()};
 }
 
-// The module's table of functions holds plain ones, so what was copied is noted here: from, to.
+// The module's table of functions holds plain ones, so what was copied is noted here: to, from.
 std::map<std::wstring, std::wstring> copies;
 
 bool copy_and_note(const std::wstring& from, const std::wstring& to) {
     if (!host::default_platform_functions().copy_file(from, to)) return false;
-    copies[from] = to;
+    copies[to] = from;
     return true;
 }
 
@@ -142,11 +142,17 @@ PublishedSlot outcome(OpenProject& project, std::size_t slot, const player::Stor
     if (stored.is_default() || project.is_empty(slot)) return result;
     result.source = utf8(host::native_path(project.file_of(slot)));
     const tstringW listed = project.table().get_fontpath_by_font(project.font_of(slot));
-    const auto copied = copies.find(listed);
-    if (copied != copies.end()) {
-        result.copy = utf8(host::native_path(copied->second));
-    } else if (listed != project.file_of(slot)) {
+    if (listed != project.file_of(slot)) {
         result.copy = result.source;
+        return result;
+    }
+    const std::wstring file = filefun::get_pure_filename(listed.c_str(), true);
+    for (const auto& [to, from] : copies) {
+        if (filefun::get_pure_filename(to.c_str(), true) != file) continue;
+        if (from == listed)
+            result.copy = utf8(host::native_path(to));
+        else
+            result.replaced_by = utf8(host::native_path(from));
     }
     return result;
 }

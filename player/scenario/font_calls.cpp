@@ -76,7 +76,7 @@ Value slot_value(const Scenario& scenario, IBaseFont* font) {
     Value slot = value_of(table.get_logfont_by_font(font));
     slot["path"] = value_of(table.get_fontpath_by_font(font));
     slot["file"] = value_of(face ? face->path : std::wstring());
-    slot["size"] = face ? face->height : 0;
+    slot["size"] = face ? face->asked_height : 0u;
     slot["default"] = font == scenario.engine.default_font;
     return slot;
 }

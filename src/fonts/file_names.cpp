@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 class FontFile {
 public:
     explicit FontFile(const fs::path& path) : m_file(path, std::ios::binary) {}
+    bool is_open() const { return m_file.is_open(); }
 
     std::size_t read(std::uint64_t position, unsigned char* target, std::size_t count) {
         if (count > m_window.size()) return read_past_window(position, target, count);
@@ -62,17 +63,18 @@ tstringW text_of(const StoredName& name) {
     return text;
 }
 
-std::vector<tstringW> read_names(const fs::path& path, FontFileKind kind) {
+/// False where the file can't be opened.
+bool read_names(const fs::path& path, FontFileKind kind, std::vector<tstringW>& names) {
     FontFile file(path);
+    if (!file.is_open()) return false;
     const ByteReader reader = [&file](std::uint64_t position, unsigned char* target, std::size_t count) {
         return file.read(position, target, count);
     };
-    std::vector<tstringW> names;
     for (const StoredName& name : kind == FontFileKind::SINGLE ? names_of_font(reader) : names_of_collection(reader)) {
         tstringW text = text_of(name);
         if (!text.empty()) names.push_back(std::move(text));
     }
-    return names;
+    return true;
 }
 
 /// How a file looks from outside.
@@ -116,13 +118,16 @@ std::vector<tstringW> names_of_file(const tstringW& path, FontFileKind kind) {
     const Key key{path, kind};
     const auto known = known_files().find(key);
     if (known != known_files().end() && known->second.stamp == stamp) return known->second.names;
-    std::vector<tstringW> names = read_names(file, kind);
-    if (is_settled(stamp)) known_files().insert_or_assign(key, Known{stamp, names});
+    std::vector<tstringW> names;
+    const bool was_read = read_names(file, kind, names);
+    if (was_read && is_settled(stamp)) known_files().insert_or_assign(key, Known{stamp, names});
     return names;
 }
 
 std::vector<tstringW> read_names_of_file(const tstringW& path, FontFileKind kind) {
     const fs::path file = platform::file_path(path);
     Stamp ignored;
-    return read_stamp(file, ignored) ? read_names(file, kind) : std::vector<tstringW>();
+    std::vector<tstringW> names;
+    if (read_stamp(file, ignored)) (void)read_names(file, kind, names);
+    return names;
 }

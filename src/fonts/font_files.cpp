@@ -11,7 +11,7 @@ bool CGlobalFontInfo::generate_fontname_fontpath_map() {
     if (!platform::list_fonts(list)) return false;
     // The listed name of a font goes ahead of those that its file declares, and behind those of earlier files.
     for (const NamedFile& font : sorted_fonts(list)) {
-        m_fontname_fontpath_map.emplace(font.name, font.path);
+        m_fontname_fontpath_map.try_emplace(font.name, font.path);
         scan_TTF_OTF_file_for_name(font.path);
         if (is_collection_path(font.path)) scan_TTC_file_for_name(font.path);
     }
@@ -19,12 +19,13 @@ bool CGlobalFontInfo::generate_fontname_fontpath_map() {
 }
 
 void CGlobalFontInfo::scan_TTF_OTF_file_for_name(tstringW path) {
-    for (const tstringW& name : names_of_file(path, FontFileKind::SINGLE)) m_fontname_fontpath_map.emplace(name, path);
+    for (const tstringW& name : names_of_file(path, FontFileKind::SINGLE))
+        m_fontname_fontpath_map.try_emplace(name, path);
 }
 
 void CGlobalFontInfo::scan_TTC_file_for_name(tstringW path) {
     for (const tstringW& name : names_of_file(path, FontFileKind::COLLECTION)) {
-        m_fontname_fontpath_map.emplace(name, path);
+        m_fontname_fontpath_map.try_emplace(name, path);
     }
 }
 

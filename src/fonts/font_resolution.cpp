@@ -1,5 +1,7 @@
 // From a logical font to a font object: candidate names, the name map, the file.
 
+#include <new>
+
 #include "fonts/font_candidates.h"
 #include "fonts/font_info.h"
 #include "fonts/logfont.h"
@@ -15,6 +17,7 @@ tstringW CGlobalFontInfo::search_fontpath(tstringW name) {
 }
 
 IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) {
+    if (!m_system) return nullptr;
     if (face_name(record) == face_name(m_default_logfont)) return m_system->default_font;
     for (const std::wstring& name : font_candidates(record)) {
         const tstringW found = search_fontpath(name);
@@ -27,25 +30,28 @@ IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tst
 }
 
 IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) {
+    if (!m_system) return nullptr;
     if (!filefun::file_exist(path.c_str())) {
         m_font_status = L"Unable to create: " + path;
         zov_simple_log(LOG_FONT, (L"无法加载" + path).c_str(), nullptr);
         return nullptr;
     }
-    IBaseFont* font = keep(new IBaseFont(m_system->render_device));
+    IBaseFont* font = keep(new (std::nothrow) IBaseFont(m_system->render_device));
+    if (!font) return nullptr;
     font->create_font_from_file(path.c_str(), size);
     return font;
 }
 
 IBaseFont* CGlobalFontInfo::create_font_from_mem(void* memory, int length, int height) {
-    if (length < 0) return nullptr;
-    IBaseFont* font = keep(new IBaseFont(m_system->render_device));
+    if (!m_system || length < 0) return nullptr;
+    IBaseFont* font = keep(new (std::nothrow) IBaseFont(m_system->render_device));
+    if (!font) return nullptr;
     font->create_font_from_memory(memory, static_cast<unsigned>(length),
                                   static_cast<unsigned>(height < 0 ? 0 : height));
     return font;
 }
 
 IBaseFont* CGlobalFontInfo::keep(IBaseFont* font) {
-    m_created_fonts.push_back(font);
+    if (font) m_created_fonts.push_back(font);
     return font;
 }

@@ -62,10 +62,17 @@ public:
     bool get(std::uint64_t position, Structure<Size>& target) {
         return get(position, target.bytes);
     }
+    /// That a text of this length still counts.
+    bool takes_text(std::size_t length) {
+        const bool fits = length <= m_text_left;
+        if (fits) m_text_left -= length;
+        return fits;
+    }
 
 private:
     const ByteReader& m_read;
     std::uint64_t m_left = most_bytes;
+    std::size_t m_text_left = most_text;
     bool m_good = true;
 };
 
@@ -122,6 +129,7 @@ bool read_name(Reading& file, std::uint64_t storage, const NameRecord& record, N
     if (!narrow && !is_wide(record)) return true;
     const auto length = static_cast<std::size_t>(record.u16(name_record::length));
     std::vector<unsigned char> bytes(std::min(length, narrow ? longest_text : 2 * longest_text));
+    if (!file.takes_text(bytes.size())) return true;
     if (!file.get(storage + static_cast<std::uint64_t>(record.u16(name_record::offset)), bytes)) return false;
     StoredName name = narrow ? narrow_name(record, bytes) : wide_name(bytes);
     if (!name.narrow.empty() || !name.wide.empty()) names.push_back(std::move(name));

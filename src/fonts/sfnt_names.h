@@ -32,13 +32,15 @@ using ByteReader = std::function<std::size_t(std::uint64_t position, unsigned ch
 // moderate size after moderate work:
 // - Where a read comes short, reading ends; the names met before it count. A count that promises more than the file
 //   holds is such a read, so a collection whose list of offsets is cut off gives nothing.
-// - A text is cut to 16382 bytes or units, which is what longest_text says.
+// - A text is cut to 16382 bytes or units, which is what longest_text says. Once a file has given most_text bytes of
+//   texts, those that don't fit any more are passed over; the walk goes on.
 // - A file that asks for more than most_bytes altogether, as one with a million entries on the same tables does, ends
 //   there like a short one.
 
 constexpr std::size_t longest_text = 16382;
-/// Hundreds of times what the largest collections need, which is about two thousand bytes a font.
-constexpr std::uint64_t most_bytes = 8u << 20;
+/// Hundreds of times what a font needs, which is about two thousand bytes.
+constexpr std::size_t most_text = 256u << 10;
+constexpr std::uint64_t most_bytes = 32u << 20;
 
 /// Of a file with one font; nothing of a file that doesn't begin as one, such as a collection.
 std::vector<StoredName> names_of_font(const ByteReader& read);

@@ -142,6 +142,17 @@ TEST(SfntNames, DoNotBelieveCounts) {
     }
 }
 
+// All records on the same long text: what is kept of it is limited, and the next good record still counts.
+TEST(SfntNames, PassOverWhatIsTooMuch) {
+    std::vector<NameRow> rows(300, a);
+    rows.push_back({1, 9, 4, "Good"});
+    std::string bytes = font_bytes(rows) + std::string(70000, 'x');
+    for (std::size_t row = 0; row < 300; ++row) bytes.replace(12 + 32 + 6 + 12 * row + 8, 2, "\xFF\xFF");
+    const Texts texts = single(bytes);
+    EXPECT_EQ(texts.back(), "nGood");
+    EXPECT_EQ(texts.size(), most_text / longest_text + 1);
+}
+
 // A million fonts that share one directory of 65535 tables would be read for hours.
 TEST(SfntNames, EndAfterModerateWork) {
     std::uint64_t asked = 0;

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <climits>
 
 #include "engine/services.h"
 #include "host/core/big5.h"
+#include "host/core/font_face.h"
 #include "host/system/platform.h"
 
 TEST(Big5, IsCodePage950) {
@@ -31,4 +34,14 @@ TEST(SystemFonts, AreListedByNameAndFile) {
     EXPECT_EQ(found->name, L"WenQuanYi Micro Hei & WenQuanYi Micro Hei Mono (TrueType)");
     EXPECT_TRUE(filefun::file_exist(found->file.c_str()));
     for (const listed_font& font : list.fonts) EXPECT_EQ(std::count(font.file.begin(), font.file.end(), L'\\'), 1);
+}
+
+// A pipe would let the whole show wait.
+TEST(FontFace, IsMadeFromAPlainFileOnly) {
+    const std::string pipe = testing::TempDir() + "pipe.ttf";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const auto face = IBaseFont::Face::from_file(std::wstring(pipe.begin(), pipe.end()).c_str(), 16);
+    EXPECT_EQ(face->font, nullptr);
+    std::remove(pipe.c_str());
+    EXPECT_EQ(IBaseFont::Face::from_file(L"", 1u + INT_MAX)->asked_height, 1u + INT_MAX);
 }

@@ -171,7 +171,7 @@ silent err
 without_fonts 1 inspect fonts.sgui
 says out 'nor is it installed here'
 without_fonts 0 render fonts.sgui --size 640x360 --out fallen_back.png
-says err '"wqy-microhei.ttc" is not beside the project'
+says err '("wqy-microhei.ttc") is neither beside the project nor installed'
 differ installed.png fallen_back.png
 without_fonts 1 publish fonts.sgui
 says out "slot 2  WenQuanYi Micro Hei       NOT FOUND"

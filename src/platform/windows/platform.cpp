@@ -3,6 +3,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <exception>
 #include <fstream>
 #include <iterator>
 
@@ -101,7 +102,7 @@ std::wstring wide_from_big5(const std::string& text) {
 void show_message(const std::wstring& text) { MessageBoxW(nullptr, text.c_str(), L"", MB_OK | MB_TASKMODAL); }
 
 // Read as a whole ahead of the first byte written: a file that is its own copy is not emptied.
-bool copy_file(const std::wstring& from, const std::wstring& to) {
+bool copy_file(const std::wstring& from, const std::wstring& to) try {
     std::ifstream source(file_path(from), std::ios::binary);
     if (!source) return false;
     const std::string bytes{std::istreambuf_iterator<char>(source), {}};
@@ -109,6 +110,8 @@ bool copy_file(const std::wstring& from, const std::wstring& to) {
     target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     target.close();
     return !source.bad() && !target.fail();
+} catch (const std::exception&) {
+    return false;  // there is no memory for so large a file
 }
 
 }  // namespace platform
