@@ -6,6 +6,7 @@
 #include "engine/numbers.h"
 #include "host/core/clock.h"
 #include "host/core/default_font.h"
+#include "host/core/legacy_file.h"
 #include "player/font_warnings.h"
 #include "player/libraries.h"
 
@@ -27,6 +28,10 @@ bool parse_size(const std::string& text, ViewSize& size) {
     if (cross == std::string::npos) return false;
     const std::string_view view = text;
     return parse_pixels(view.substr(0, cross), size.width) && parse_pixels(view.substr(cross + 1), size.height);
+}
+
+std::string advice_on(const std::string& path) {
+    return host::is_legacy_file(path) ? "; \"sgui import\" brings such a project over" : "";
 }
 
 int fail(const std::string& reason) {
@@ -55,7 +60,10 @@ std::unique_ptr<Session> Session::start(std::unique_ptr<host::SdlDevice> device,
 bool Session::open(const std::string& path, ViewSize size, std::string& error) {
     const FontWarnings fonts;
     m_engine->new_project(size.width, size.height);
-    if (!m_engine->open_project(path, error)) return false;
+    if (!m_engine->open_project(path, error)) {
+        error += advice_on(path);
+        return false;
+    }
     for (const std::string& warning : fonts.all()) std::cerr << "sgui: warning: " << warning << '\n';
     for (const std::string& warning : m_engine->warnings()) std::cerr << "sgui: warning: " << warning << '\n';
     return true;
