@@ -13,6 +13,7 @@
 #include "host/system/engine.h"
 #include "layout/shape.h"
 #include "module/manager.h"
+#include "player/legacy_report.h"
 
 namespace {
 
@@ -225,6 +226,7 @@ void bring_over(host::LegacyProject& legacy) {
     engine.new_project(320, 200);
     std::string error;
     must(engine.import_tree(legacy, error), "every tree can be brought over");
+    player::find_legacy_losses(legacy);
     const CSimpleGUIManager& gui = *CSimpleGUIManager::m_instance;
     must(is_listed(gui, gui.m_root_dialog) && is_listed(gui, gui.get_editing_dialog()),
          "no dialog is named that is gone");

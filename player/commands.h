@@ -69,6 +69,8 @@ struct ImportOptions {
     std::string out;
     /// The view that places are brought over into.
     ViewSize size;
+    /// Names of animations that are to play as soon as the project runs, UTF-8.
+    std::vector<std::string> start;
     /// Lists what did not come over.
     bool report = false;
 };

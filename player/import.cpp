@@ -3,7 +3,9 @@
 
 #include "engine/numbers.h"
 #include "host/core/legacy_file.h"
+#include "host/core/project_file.h"
 #include "host/core/text_conversion.h"
+#include "player/carry_pictures.h"
 #include "player/commands.h"
 #include "player/legacy_report.h"
 #include "player/progress.h"
@@ -31,6 +33,33 @@ std::string what_was_made(host::Engine& engine) {
            counted(nodes, "item", "items");
 }
 
+// "one", "two"; all animations, or those alone that start by nothing yet.
+std::string listed(const host::ProjectDocument& document, bool all) {
+    std::string names;
+    for (const host::ProjectAnimation& animation : document.animations) {
+        if (!all && animation.starts_by_itself) continue;
+        names += (names.empty() ? "\"" : ", \"") + to_utf8(animation.name) + "\"";
+    }
+    return names;
+}
+
+// Old files say nothing of what starts an animation, so whoever brings one over may.
+bool start_animations(host::ProjectDocument& document, const std::vector<std::string>& names, std::string& error) {
+    for (const std::string& name : names) {
+        bool is_found = false;
+        for (host::ProjectAnimation& animation : document.animations) {
+            if (to_utf8(animation.name) != name) continue;
+            animation.starts_by_itself = is_found = true;
+        }
+        if (is_found) continue;
+        const std::string known = listed(document, true);
+        error = "there is no animation \"" + name + "\" to start (there " +
+                (known.empty() ? "are none" : "are " + known) + ")";
+        return false;
+    }
+    return true;
+}
+
 void print(const std::string& file, const Finding& finding) {
     std::cout << file << ':' << finding.line << ": ";
     if (!finding.item.empty()) std::cout << '"' << to_utf8(finding.item) << "\": ";
@@ -52,10 +81,15 @@ int import(const ImportOptions& options) {
     host::Engine& engine = session->engine();
     engine.new_project(options.size.width, options.size.height);
     if (!engine.import_tree(*legacy, error)) return fail(error);
-    const std::string made = what_was_made(engine);
-    if (!engine.save_project(options.out, error)) return fail(error);
+    host::ProjectDocument document = engine.document(options.out);
+    if (!start_animations(document, options.start, error)) return fail(options.legacy + ": " + error);
+    const std::optional<std::size_t> carried = carry_pictures(document, options.out, error);
+    if (!carried || !host::write_project(options.out, document, error)) return fail(error);
 
-    std::cout << options.out << ": " << made << '\n';
+    std::cout << options.out << ": " << what_was_made(engine) << '\n';
+    if (*carried > 0) std::cout << counted(*carried, "picture", "pictures") << " copied beside it\n";
+    const std::string waiting = listed(document, false);
+    if (!waiting.empty()) std::cout << "no start of its own (a script or --start gives it one): " << waiting << '\n';
     const std::vector<Finding> losses = find_legacy_losses(*legacy);
     if (options.report) {
         for (const Finding& loss : losses) print(options.legacy, loss);

@@ -216,7 +216,7 @@ int inspect(const InspectOptions& options) {
     std::string error;
     {
         const Progress progress("Reading " + options.project);
-        if (!host::read_project(options.project, document, error)) return fail(error);
+        if (!host::read_project(options.project, document, error)) return fail(error + advice_on(options.project));
     }
     const std::vector<Finding> findings = find_problems(document, options.project, &installed_font);
     if (options.json) {

@@ -1,6 +1,9 @@
 #include "player/legacy_keys.h"
 
 #include <algorithm>
+#include <cmath>
+#include <set>
+#include <string_view>
 
 #include "host/core/legacy_value.h"
 #include "host/core/text_conversion.h"
@@ -13,6 +16,10 @@ using host::LegacyNode;
 
 constexpr LegacyKey top_keys[] = {
     {"GUI", 0, KEY_OPTIONAL}, {"UIStages", 0, KEY_OPTIONAL}, {"Timebar", 0, KEY_OPTIONAL}};
+
+constexpr LegacyKey gui_keys[] = {{"Root Dialog", 0, KEY_OPTIONAL}, {"Dialogs", 0, KEY_OPTIONAL}};
+constexpr LegacyKey root_dialog_keys[] = {{"ROOT", 0, KEY_OPTIONAL}};
+constexpr LegacyKey timebar_keys[] = {{"BARS", 0, KEY_OPTIONAL}};
 
 constexpr LegacyKey root_keys[] = {
     {"WIDTH", LEGACY_INT, KEY_REQUIRED},        {"HEIGHT", LEGACY_INT, KEY_REQUIRED},
@@ -81,18 +88,19 @@ constexpr LegacyKey command_keys[] = {
 };
 
 constexpr LegacyKey plain_key_keys[] = {
-    {"TIME", LEGACY_INT, KEY_REQUIRED},         {"m_offset_x", LEGACY_FLOAT, KEY_OPTIONAL},
+    {"TIME", LEGACY_INT, KEY_MOMENT},           {"m_offset_x", LEGACY_FLOAT, KEY_OPTIONAL},
     {"m_offset_y", LEGACY_FLOAT, KEY_OPTIONAL}, {"m_sizex", LEGACY_FLOAT, KEY_OPTIONAL},
     {"m_sizey", LEGACY_FLOAT, KEY_OPTIONAL},    {"m_bVisible", LEGACY_INT, KEY_OPTIONAL},
     {"iAlignType", LEGACY_INT, KEY_OPTIONAL},   {"m_bScaleMode", LEGACY_INT, KEY_OPTIONAL},
 };
 
 constexpr LegacyKey panel_key_keys[] = {
-    {"TIME", LEGACY_INT, KEY_REQUIRED},
+    {"TIME", LEGACY_INT, KEY_MOMENT},
     {"POS", 0, KEY_OPTIONAL},
     {"COLOR", LEGACY_INT, KEY_OPTIONAL},
     {"ALPHA", LEGACY_INT, KEY_OPTIONAL},
 };
+constexpr LegacyKey key_pos_keys[] = {{"panel_pos", 0, KEY_OPTIONAL}};
 
 template <class T>
 T value_of(const LegacyNode* node, const char* key, int code, T missing) {
@@ -104,6 +112,14 @@ T value_of(const LegacyNode* node, const char* key, int code, T missing) {
 bool is_readable(const LegacyNode& value, int code) {
     char16_t buffer[legacy_buffer_units(LEGACY_PATH)];
     return !value.data.empty() && host::copy_legacy_value(value.data, value.code, code, buffer);
+}
+
+// A float without a limit, or one that is no number, counts as missing wherever it stands.
+bool is_finite(const LegacyNode& value, const LegacyKey& key) {
+    VEC3 floats;
+    if (key.code != LEGACY_FLOAT && key.code != LEGACY_VEC3 && key.use != KEY_MOMENT) return true;
+    host::copy_legacy_value(value.data, value.code, key.code, &floats);
+    return std::isfinite(floats.x) && std::isfinite(floats.y) && std::isfinite(floats.z);
 }
 
 bool is_cut(const LegacyNode& value, int code) {
@@ -125,6 +141,9 @@ const char* without(int code) {
 }  // namespace
 
 std::span<const LegacyKey> legacy_top_keys() { return top_keys; }
+std::span<const LegacyKey> legacy_gui_keys() { return gui_keys; }
+std::span<const LegacyKey> legacy_root_dialog_keys() { return root_dialog_keys; }
+std::span<const LegacyKey> legacy_timebar_keys() { return timebar_keys; }
 std::span<const LegacyKey> legacy_root_keys() { return root_keys; }
 std::span<const LegacyKey> legacy_dialog_keys() { return dialog_keys; }
 std::span<const LegacyKey> legacy_control_keys() { return control_keys; }
@@ -135,28 +154,34 @@ std::span<const LegacyKey> legacy_bar_keys() { return bar_keys; }
 std::span<const LegacyKey> legacy_command_keys() { return command_keys; }
 std::span<const LegacyKey> legacy_plain_key_keys() { return plain_key_keys; }
 std::span<const LegacyKey> legacy_panel_key_keys() { return panel_key_keys; }
+std::span<const LegacyKey> legacy_key_pos_keys() { return key_pos_keys; }
 
 void check_legacy_keys(const LegacyNode& node, std::span<const LegacyKey> keys,
                        const std::function<void(const LegacyNode& at, const std::string& text)>& tell) {
     for (const LegacyKey& key : keys) {
         const LegacyNode* value = node.child(key.name);
         const std::string name = key.name;
-        if (!value && key.use == KEY_REQUIRED) tell(node, name + " is missing: " + without(key.code));
+        if (!value && (key.use == KEY_REQUIRED || key.use == KEY_MOMENT))
+            tell(node, name + " is missing: " + without(key.code));
         if (!value || key.code == 0 || key.use == KEY_NOT_USED) continue;
         if (!is_readable(*value, key.code)) {
             tell(*value, name + " can't be read (" + std::to_string(value->data.size()) + " bytes of code " +
                              std::to_string(value->code) + ", expected code " + std::to_string(key.code) +
                              "): it counts as missing");
+        } else if (!is_finite(*value, key)) {
+            tell(*value, name + " is no number with a limit: it counts as missing");
         } else if (is_cut(*value, key.code)) {
             tell(*value, name + " is cut to " + std::to_string(legacy_buffer_units(key.code) - 1) + " characters");
         }
     }
+    std::set<std::string_view> seen;
     for (CPakNode* child : node.children()) {
         if (!child) continue;
         const LegacyNode& found = *host::legacy_node(child);
         const bool is_known =
             std::any_of(keys.begin(), keys.end(), [&](const LegacyKey& key) { return found.name == key.name; });
         if (!is_known) tell(found, "\"" + found.name + "\" is nothing that the new format has: dropped");
+        if (is_known && !seen.insert(found.name).second) tell(found, found.name + " stands a second time: dropped");
     }
 }
 

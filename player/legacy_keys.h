@@ -10,7 +10,13 @@
 
 namespace player {
 
-enum LegacyKeyUse : int { KEY_OPTIONAL, KEY_REQUIRED, KEY_NOT_USED };
+enum LegacyKeyUse : int {
+    KEY_OPTIONAL,
+    KEY_REQUIRED,
+    /// Required, and a float in a whole number's place.
+    KEY_MOMENT,
+    KEY_NOT_USED
+};
 
 /// A key that a kind of legacy node may have.
 struct LegacyKey {
@@ -21,6 +27,9 @@ struct LegacyKey {
 };
 
 std::span<const LegacyKey> legacy_top_keys();
+std::span<const LegacyKey> legacy_gui_keys();
+std::span<const LegacyKey> legacy_root_dialog_keys();
+std::span<const LegacyKey> legacy_timebar_keys();
 std::span<const LegacyKey> legacy_root_keys();
 std::span<const LegacyKey> legacy_dialog_keys();
 std::span<const LegacyKey> legacy_control_keys();
@@ -31,9 +40,10 @@ std::span<const LegacyKey> legacy_bar_keys();
 std::span<const LegacyKey> legacy_command_keys();
 std::span<const LegacyKey> legacy_plain_key_keys();
 std::span<const LegacyKey> legacy_panel_key_keys();
+std::span<const LegacyKey> legacy_key_pos_keys();
 
-/// Tells of every key that is missing, can't be read, is cut or has no place in the table. The text says what comes of
-/// it.
+/// Tells of every key that is missing, can't be read, is cut, stands twice or has no place in the table. The text says
+/// what comes of it.
 void check_legacy_keys(const host::LegacyNode& node, std::span<const LegacyKey> keys,
                        const std::function<void(const host::LegacyNode& at, const std::string& text)>& tell);
 

@@ -1,5 +1,6 @@
 #include "player/legacy_report.h"
 
+#include <algorithm>
 #include <set>
 
 #include "engine/services.h"
@@ -21,6 +22,7 @@ namespace {
 using host::LegacyNode;
 
 constexpr int last_font = 7;
+constexpr int last_bar_type = 3;
 
 class Search {
 public:
@@ -37,8 +39,13 @@ public:
             add(top, {}, "there is neither GUI nor UIStages nor Timebar: nothing to bring over");
         look_at_plain(top.child("GUI"));
         each(top.child("UIStages"), [this](const LegacyNode& stage) { look_at_stage(stage); });
-        if (const LegacyNode* timebar = top.child("Timebar"))
+        if (const LegacyNode* timebar = top.child("Timebar")) {
+            check_keys(*timebar, {}, legacy_timebar_keys());
             each(timebar->child("BARS"), [this](const LegacyNode& bar) { look_at_bar(bar); });
+        }
+        // As whoever goes through the file meets them.
+        std::stable_sort(m_findings.begin(), m_findings.end(),
+                         [](const Finding& a, const Finding& b) { return a.line < b.line; });
         return std::move(m_findings);
     }
 
@@ -62,7 +69,9 @@ private:
 
     void look_at_plain(const LegacyNode* gui) {
         if (!gui) return;
+        check_keys(*gui, {}, legacy_gui_keys());
         const LegacyNode* root_dialog = gui->child("Root Dialog");
+        if (root_dialog) check_keys(*root_dialog, LEGACY_ROOT_DIALOG, legacy_root_dialog_keys());
         if (const LegacyNode* root = root_dialog ? root_dialog->child("ROOT") : nullptr) {
             check_keys(*root, LEGACY_ROOT_DIALOG, legacy_root_keys());
             int count = 0;
@@ -95,6 +104,13 @@ private:
             return;
         }
         for (const char* key : kind->pictures) look_at_picture(control, name, key);
+        for (const char* key : {"Texture", "Texture0", "Texture1", "Texture2"}) {
+            const bool is_shown = std::any_of(std::begin(kind->pictures), std::end(kind->pictures),
+                                              [key](const char* shown) { return shown && key == std::string(shown); });
+            if (is_shown || !control.child(key)) continue;
+            add(*control.child(key), name,
+                std::string(key) + ": a control of Type " + std::to_string(type) + " has no such picture: dropped");
+        }
     }
 
     void look_at_alignment(const LegacyNode& node, const std::wstring& item, const char* key) {
@@ -132,6 +148,10 @@ private:
         } else {
             add(panel, name, "panel_pos is missing: it has no size");
         }
+        if (legacy_int(&panel, "ENABLE_TRANSP") != 0 && legacy_int(&panel, "TRANSP_TYPE") != 1)
+            add(panel, name, "TRANSP_TYPE is not 1: it is opaque in spite of ENABLE_TRANSP");
+        const LegacyNode* text = panel.child("text_buf");
+        if (text && text->data.size() % 2 != 0) add(*text, name, "text_buf has half a character at its end: dropped");
         const int format = legacy_int(&panel, "text_format");
         if (!is_legacy_text_format(format))
             add(panel, name, "text_format " + std::to_string(format) + " is unknown: its text stands in the centre");
@@ -183,6 +203,10 @@ private:
     void look_at_bar(const LegacyNode& bar) {
         const tstringW name = bar.get_name();
         check_keys(bar, name, legacy_bar_keys());
+        const int type = legacy_int(&bar, "TYPE");
+        if (type < 0 || type > last_bar_type)
+            add(bar, name, "an animation of TYPE " + std::to_string(type) + " is unknown: it plays without an end");
+        if (!bar.child("CMDS")) add(bar, name, "an animation has no CMDS: it moves nothing");
         each(bar.child("CMDS"), [&](const LegacyNode& command) { look_at_command(command, name); });
     }
 
@@ -204,8 +228,12 @@ private:
 
     void look_at_key(const LegacyNode& key, const std::wstring& item, bool is_primary) {
         check_keys(key, item, is_primary ? legacy_panel_key_keys() : legacy_plain_key_keys());
-        if (!is_primary) return;
+        if (!is_primary) {
+            look_at_alignment(key, item, "iAlignType");
+            return;
+        }
         const LegacyNode* pos = key.child("POS");
+        if (pos) check_keys(*pos, item, legacy_key_pos_keys());
         const LegacyNode* place = pos ? pos->child("panel_pos") : nullptr;
         if (place) {
             look_at_place(*place, item);

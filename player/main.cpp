@@ -150,9 +150,16 @@ struct CommandLine {
             ->required();
         import->add_option("--out", import_options.out, "The project file to write")->required();
         define_size(import);
+        import
+            ->add_option("--start", import_options.start,
+                         "An animation that plays as soon as the project runs; old files do not say which do")
+            ->allow_extra_args(false);
         import->add_flag("--report", import_options.report, "List what does not come over as it was, and why");
         define_module(import);
-        import->footer("docs/legacy-file.md tells what such a file holds.");
+        import->footer(
+            "Pictures outside of the new project's folder are copied into a folder beside it, so that it can be "
+            "carried.\n"
+            "docs/legacy-file.md tells what an old file holds.");
     }
     void define_new() {
         create->add_option("FILE", new_options.file, "The file to write; it must not exist yet")->required();

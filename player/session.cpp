@@ -6,6 +6,7 @@
 #include "engine/numbers.h"
 #include "host/core/clock.h"
 #include "host/core/default_font.h"
+#include "host/core/legacy_file.h"
 #include "host/core/project_file.h"
 #include "player/font_warnings.h"
 #include "player/libraries.h"
@@ -28,6 +29,10 @@ bool parse_size(const std::string& text, ViewSize& size) {
     if (cross == std::string::npos) return false;
     const std::string_view view = text;
     return parse_pixels(view.substr(0, cross), size.width) && parse_pixels(view.substr(cross + 1), size.height);
+}
+
+std::string advice_on(const std::string& path) {
+    return host::is_legacy_file(path) ? "; \"sgui import\" brings such a project over" : "";
 }
 
 int fail(const std::string& reason) {
@@ -57,7 +62,10 @@ bool Session::open(const std::string& path, ViewSize size, std::string& error) {
     const FontWarnings fonts;
     m_engine->new_project(size.width, size.height);
     host::ProjectDocument document;
-    if (!host::read_project(path, document, error) || !m_engine->open_document(document, path, error)) return false;
+    if (!host::read_project(path, document, error) || !m_engine->open_document(document, path, error)) {
+        error += advice_on(path);
+        return false;
+    }
     for (const std::string& warning : fonts.all(m_engine->project_file_path, stored_slots(document)))
         std::cerr << "sgui: warning: " << warning << '\n';
     for (const std::string& warning : m_engine->warnings()) std::cerr << "sgui: warning: " << warning << '\n';

@@ -22,6 +22,9 @@ struct ViewSize {
 /// From text like "1280x720"; false for anything else and for sizes beyond 1 to 16384.
 bool parse_size(const std::string& text, ViewSize& size);
 
+/// What can be done about a project that can't be read, to stand behind the error; empty for nothing.
+std::string advice_on(const std::string& path);
+
 /// One line on the standard error, ahead of an exit with EXIT_FAILED.
 int fail(const std::string& reason);
 

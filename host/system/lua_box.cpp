@@ -16,6 +16,8 @@ namespace host {
 /// One text on its way through the state.
 struct LuaRun {
     const std::string* text;
+    // As Lua wants it, behind a sign that says to show it as it is.
+    std::string name;
     int chunk;
 };
 
@@ -66,7 +68,8 @@ int describe_error(lua_State* L) {
 
 int compile(lua_State* L) {
     auto* run = static_cast<LuaRun*>(lua_touserdata(L, 1));
-    if (luaL_loadbufferx(L, run->text->data(), run->text->size(), chunk_name, "t") != LUA_OK) return lua_error(L);
+    if (luaL_loadbufferx(L, run->text->data(), run->text->size(), run->name.c_str(), "t") != LUA_OK)
+        return lua_error(L);
     run->chunk = luaL_ref(L, LUA_REGISTRYINDEX);
     return 0;
 }
@@ -213,7 +216,7 @@ bool LuaBox::protect_within(const LuaLimits& limits, int (*body)(lua_State*), vo
     return good;
 }
 
-bool LuaBox::run(const std::string& text, LuaError& error) {
+bool LuaBox::run(const std::string& text, LuaError& error, const std::string& name) {
     if (m_depth == 0) begin_budget();
     struct Depth {
         explicit Depth(int& depth_) : depth(depth_) { ++depth; }
@@ -226,11 +229,11 @@ bool LuaBox::run(const std::string& text, LuaError& error) {
     }
     auto known = m_chunks.find(text);
     if (known == m_chunks.end()) {
-        LuaRun run{&text, 0};
+        LuaRun run{&text, "=" + name, 0};
         if (!call_protected(&compile, &run, error)) return false;
         known = m_chunks.emplace(text, run.chunk).first;
     }
-    LuaRun run{nullptr, known->second};
+    LuaRun run{nullptr, {}, known->second};
     return call_protected(&execute, &run, error);
 }
 

@@ -40,8 +40,9 @@ public:
     ~LuaBox();
 
     /// Carries the text out, compiled once for each text. May be called from inside a run: the budget of the outermost
-    /// run covers all. False: `error` says what and where.
-    bool run(const std::string& text, LuaError& error);
+    /// run covers all. False: `error` says what and where. A text of another name than a script's has no lines of its
+    /// own in `error`: these are the lines of the script that called it, with its own place in the message.
+    bool run(const std::string& text, LuaError& error, const std::string& name = "script");
     /// Calls `body(state)` where Lua errors are caught; for setting the state up. False: `error` as above.
     bool protect(int (*body)(lua_State*), void* argument, LuaError& error);
     /// The same with tighter limits than the run's around it: `limits.memory_bytes` is what may come on top of what is

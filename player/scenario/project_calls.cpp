@@ -9,11 +9,20 @@
 #include "module/setting.h"
 #include "player/scenario/calls.h"
 #include "player/scenario/legacy_values.h"
+#include "player/scenario/lua_file.h"
 #include "player/scenario/tree_values.h"
 
 namespace scenario {
 
 namespace {
+
+// In the scenario's own state, so that its globals are there afterwards.
+Results include(Scenario& scenario, const Arguments& arguments) {
+    const auto path = arguments.get<std::string>(0, "path");
+    host::LuaError error;
+    if (scenario.lua.run(read_lua_file(path), error, path)) return {};
+    throw Failure(error.line > 0 ? "script:" + std::to_string(error.line) + ": " + error.message : error.message);
+}
 
 Results make_new(Scenario& scenario, const Arguments& arguments) {
     scenario.engine.new_project(arguments.get<int>(0, "w"), arguments.get<int>(1, "h"));
@@ -172,6 +181,7 @@ Results sample_view(Scenario& scenario, const Arguments& arguments) {
 }
 
 constexpr HostFunction functions[] = {
+    {"include", &include},
     {"new", &make_new},
     {"clean", &clean},
     {"open", &open},

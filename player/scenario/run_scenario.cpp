@@ -1,12 +1,10 @@
 #include "player/scenario/run_scenario.h"
 
-#include <cstdio>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 
 #include "host/system/lua_repeatable.h"
 #include "player/scenario/host_table.h"
+#include "player/scenario/lua_file.h"
 
 namespace scenario {
 
@@ -14,19 +12,6 @@ namespace {
 
 // Far above what a scenario needs; beyond it something runs away.
 constexpr std::size_t most_memory = std::size_t{2} << 30;
-
-std::string read_file(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    if (!file || !text) throw Failure(path + ": can't be read");
-    std::string all = text.str();
-    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
-    if (all.starts_with(byte_order_mark)) all.erase(0, byte_order_mark.size());
-    // A first line for the shell is no Lua; its line end stays, so that lines keep their numbers.
-    if (all.starts_with('#')) all.erase(0, std::min(all.find('\n'), all.size()));
-    return all;
-}
 
 void print_line(const std::string& line) { std::cout << line << '\n'; }
 
@@ -39,7 +24,7 @@ void listen_to_scripts(host::Engine& engine) {
 }
 
 void run(const RunOptions& options) {
-    const std::string text = read_file(options.file);
+    const std::string text = read_lua_file(options.file);
     host::LuaBox lua({most_memory, 0, 0.0});
     lua.on_print = print_line;
     Scenario scenario(lua, options.module);

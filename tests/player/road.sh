@@ -66,6 +66,10 @@ printf 'print(ARGS[1])\n\nexpect({a = {1, 2}}, {a = {1, 3}}, "note")\n' >differs
 expect 1 run differs.lua word
 says out word
 says err 'differs.lua:3: "note": got {"a":[1,2]}, wanted {"a":[1,3]}; they differ at .a[2]: 2 and 3'
+printf 'function helper(x) expect(x, 1) end\n' >helper.lua
+printf 'host.include("helper.lua")\nhelper(1)\nhelper(2)\n' >includes.lua
+expect 1 run includes.lua
+says err "includes.lua:3: helper.lua:1: got 2, wanted 1"
 printf 'x = = 1' >broken.lua
 expect 1 run broken.lua
 says err 'broken.lua:1: '
@@ -250,6 +254,8 @@ no.so functions --module no.so
 missing.sgui: publish missing.sgui
 missing.legacy: import missing.legacy --out x.sgui
 hello.sgui:2: import hello.sgui --out x.sgui
+import" render empty.legacy --out x.png
+import" inspect empty.legacy
 no/x.sgui import empty.legacy --out no/x.sgui
 empty.legacy: import empty.legacy --out ./empty.legacy
 END
@@ -295,28 +301,71 @@ differ a.png d.png
 # Nothing of theirs is changed, and what is lost is told.
 cp -r "$samples/legacy" .
 sha256sum legacy/*.legacy >untouched
+cat >looks.lua <<'END'
+host.new(1280, 720)
+assert((ARGS[1]:find("legacy$") and host.import or host.open)(ARGS[1]))
+for at, size in ipairs{{1280, 720}, {801, 601}, {320, 500}} do
+    host.view(table.unpack(size))
+    host.image(("%s_%d.png"):format(ARGS[2], at))
+    for _, seconds in ipairs{0, 0.35, 0.9, 2} do
+        for node in ipairs(host.state().nodes) do host.animate(node, seconds) end
+        host.image(("%s_%d_%g.png"):format(ARGS[2], at, seconds))
+    end
+end
+END
 while read -r name animation made; do
-    expect 0 import legacy/$name.legacy --out legacy/$name.sgui
+    expect 0 import legacy/$name.legacy --out legacy/$name.sgui --start $animation
     silent err
     says out "$made"
     expect 0 inspect legacy/$name.sgui
-    printf 'host.new(1280, 720) assert(host.import("legacy/%s.legacy")) host.image("imported.png")' $name >import.lua
-    printf 'host.new(1280, 720) assert(host.open("legacy/%s.sgui")) host.image("opened.png")' $name >open.lua
-    for way in import open; do expect 0 run $way.lua; done
-    same imported.png opened.png
     expect 0 render legacy/$name.sgui --out once.png --save legacy/again.sgui
-    expect 0 render legacy/again.sgui --out twice.png
-    same once.png twice.png
-    expect 0 sheet legacy/$name.sgui --animation $animation --frames 1 --size 320x180 --out first.png
-    expect 0 sheet legacy/$name.sgui --animation $animation --frames 2 --size 320x180 --out two.png
-    silent err
-    differ first.png two.png
+    expect 0 render legacy/again.sgui --at 0.35 --out started.png
+    differ once.png started.png
+    for way in $name.legacy $name.sgui again.sgui; do expect 0 run looks.lua legacy/$way $way; done
+    for picture in $name.legacy_*.png; do
+        same "$picture" "$name.sgui${picture#"$name.legacy"}"
+        same "$picture" "again.sgui${picture#"$name.legacy"}"
+    done
+    differ $name.legacy_1.png $name.legacy_1_0.35.png
 done <<'END'
 plain 开场 3 dialogs, 10 controls, 2 animations of 3 items
 primary 光带 1 dialog, 8 controls, 2 animations of 2 items
 both 登场 2 dialogs, 5 controls, 1 animation of 2 items
 END
 sha256sum --quiet -c untouched >out 2>err || fault "a legacy file was changed"
+expect 0 import legacy/plain.legacy --out plain.sgui
+says out 'no start of its own (a script or --start gives it one): "开场"'
+expect 1 import legacy/plain.legacy --out plain.sgui --start 出场
+says err 'there is no animation "出场" to start (there are "开场", "摆动")'
+
+# Whatever lies outside of the new project's folder goes along with it, under a name that no other picture has.
+mkdir far away
+expect 0 import legacy/plain.legacy --out far/show.sgui
+copied=$(find far/show_textures -type f | wc -l)
+says out "$copied pictures copied beside it"
+expect 0 render far/show.sgui --out far.png
+mv far/* away && mv legacy elsewhere
+expect 0 render away/show.sgui --out away.png
+silent err
+same far.png away.png
+mv elsewhere legacy
+same_name() { echo "<node name=\"Texture$1\"><node name=\"FILENAME\" code=\"4\" value=\"$PWD/$2\"/></node>"; }
+mkdir one two
+cp once.png one/p.png && cp started.png two/p.png
+{
+    echo '<legacy version="1"><node name="GUI"><node name="Dialogs"><node name="D"><node name="Controls"><node>'
+    echo '<node name="Type" code="3" value="10"/>'
+    echo "$(same_name 0 one/p.png)$(same_name 1 two/p.png)$(same_name 2 one/p.png)"
+    echo '</node></node></node></node></node></legacy>'
+} >two.legacy
+for again in 1 2; do expect 0 import two.legacy --out away/two.sgui; done
+same one/p.png away/two_textures/p.png
+same two/p.png away/two_textures/p_2.png
+[ "$(find away/two_textures -type f | wc -l)" = 2 ] || fault "a picture was copied twice"
+[ "$(grep -c '"two_textures/p.png"' away/two.sgui)" = 2 ] || fault "one picture has two names"
+expect 1 import two.legacy --out no/two.sgui
+says err "no/two_textures: the pictures can't be copied there"
+[ ! -e no ] || fault "a folder was made"
 expect 0 import empty.legacy --out empty.sgui
 says out "1 thing did not come over"
 expect 0 import legacy/both.legacy --out small.sgui --size 640x360 --report
@@ -325,16 +374,18 @@ lost() { echo "<node name=\"$1\" code=\"$2\" value=\"$3\"/>"; }
 {
     echo '<legacy version="1"><node name="GUI"><node name="Dialogs"><node name="D">'
     echo "<node name=\"Controls\"><node>$(lost Type 3 7)$(lost NAME 6 控件)</node>"
-    echo "<node>$(lost Type 3 11)<node name=\"Texture\">$(lost FILENAME 4 'D:\gone.png')</node></node>"
+    echo "<node>$(lost Type 3 11)<node name=\"Texture\">$(lost FILENAME 4 'D:\gone.png')</node><node name=\"Texture1\"/></node>"
     echo "<node>$(lost NAME 6 "$(printf '%070d' 0)")<node name=\"Type\" code=\"3\" hex=\"0B00\"/></node>"
     echo '</node></node></node></node><node name="UIStages"><node name="S">'
     echo "<node name=\"P\">$(lost text_format 3 37)$(lost text_font_idx 3 8)<node name=\"panel_pos\">"
-    echo "$(lost align_mode 3 10)</node>$(lost glow 3 1)</node></node></node>"
-    echo '<node name="Timebar"><node name="BARS"><node name="B"><node name="CMDS">'
+    echo "$(lost align_mode 3 10)$(lost percent_top 9 nan)</node>$(lost glow 3 1)$(lost glow 3 1)"
+    echo "$(lost color 3 1)$(lost color 3 2)<node name=\"text_buf\" hex=\"610062\"/>$(lost ENABLE_TRANSP 3 1)</node></node></node>"
+    echo "<node name=\"Timebar\"><node name=\"BARS\"><node name=\"B\">$(lost TYPE 3 4)<node name=\"CMDS\">"
     echo "<node>$(lost TYPE 3 4)</node>"
     echo "<node>$(lost TYPE 3 5)$(lost ID 11 00000000-0000-0000-0000-000000000077)<node name=\"KEYS\">"
     echo "<node>$(lost TIME 3 0)</node></node></node>"
-    echo '</node></node></node></node></legacy>'
+    echo "<node>$(lost TYPE 3 3)<node name=\"KEYS\"><node>$(lost TIME 9 inf)$(lost iAlignType 3 12)</node></node></node>"
+    echo '</node></node></node><node name="BAR"/></node></legacy>'
 } >lossy.legacy
 expect 0 import lossy.legacy --out lossy.sgui --report
 silent err
@@ -342,15 +393,24 @@ while read -r line; do says out "lossy.legacy:$line"; done <<'END'
 1: "D": WIDTH is missing: 0 stands for it
 2: "控件": Type 7 is unknown
 3: Texture: "D:\gone.png" is missing
+3: Texture1: a control of Type 11 has no such picture: dropped
 4: "000000000000000000000000000000000000000000000000000000000000000": NAME is cut to 63 characters
 4: "000000000000000000000000000000000000000000000000000000000000000": Type can't be read (2 bytes of code 3, expected code 3)
 6: "P": text_format 37 is unknown
 6: "P": text_font_idx is 8
+6: "P": TRANSP_TYPE is not 1
 6: "P": align_mode is 10
+7: "P": percent_top is no number with a limit
 7: "P": "glow" is nothing that the new format has: dropped
-9: "B": a command of TYPE 4 is unknown: dropped
-10: "B": a command moves nothing: there is no item 00000000-0000-0000-0000-000000000077
-11: "B": a key has no panel_pos: it hides the panel
+8: "P": color stands a second time: dropped
+8: "P": text_buf has half a character at its end: dropped
+9: "B": an animation of TYPE 4 is unknown
+10: "B": a command of TYPE 4 is unknown: dropped
+11: "B": a command moves nothing: there is no item 00000000-0000-0000-0000-000000000077
+12: "B": a key has no panel_pos: it hides the panel
+13: "B": TIME is no number with a limit
+13: "B": iAlignType is 12, not 0 to 9
+14: "BAR" is nothing that the new format has: dropped
 END
 expect 1 inspect lossy.sgui
 says out "文件不存在"

@@ -1,13 +1,5 @@
 -- The time bar of legacy projects: bars become animations, commands nodes, keys keys of their tracks.
-local function node(name, ...) return {name = name, children = {...}} end
-local function id(n) return ("00000000-0000-0000-0000-%012d"):format(n) end
-local function keys(name, numbers, ...)
-    local made = node(name, ...)
-    for key, value in pairs(numbers) do table.insert(made.children, {name = key, code = 3, value = value}) end
-    return made
-end
-local function value(key, code, given) return {name = key, code = code, value = given} end
-local function float32(number) return (string.unpack("f", string.pack("f", number))) end
+host.include("tests/scenarios/support/legacy_tree.lua")
 local function bits(seconds) return (string.unpack("i4", string.pack("f", seconds))) end
 local function near(got, wanted, note)
     for at, number in ipairs(wanted) do

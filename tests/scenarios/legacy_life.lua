@@ -1,14 +1,7 @@
 -- An imported project lives like any other: drawn, resized, run, animated, saved, opened, cleaned, imported again.
 -- Nothing names a dialog that the import itself has thrown away.
+host.include("tests/scenarios/support/legacy_tree.lua")
 local out = ARGS[1] or "out"
-local function node(name, ...) return {name = name, children = {...}} end
-local function id(n) return ("00000000-0000-0000-0000-%012d"):format(n) end
-local function keys(name, numbers, ...)
-    local made = node(name, ...)
-    for key, value in pairs(numbers) do table.insert(made.children, {name = key, code = 3, value = value}) end
-    return made
-end
-local function value(key, code, given) return {name = key, code = code, value = given} end
 
 local function dialog(name, number, ...)
     return keys(name, {POSX = 100, POSY = 50, WIDTH = 200, HEIGHT = 100, Flag = 1, m_iAlignType = 8}, value("GUID", 11, id(number)), ...)

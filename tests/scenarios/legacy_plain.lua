@@ -1,18 +1,9 @@
 -- The plain layout of legacy projects: which dialogs come of it, in which order, and where they lie.
-local function node(name, ...) return {name = name, children = {...}} end
-local function id(n) return ("00000000-0000-0000-0000-%012d"):format(n) end
--- A node with whole numbers under its keys, and what else is handed in behind them.
-local function keys(name, numbers, ...)
-    local made = node(name, ...)
-    for key, value in pairs(numbers) do table.insert(made.children, {name = key, code = 3, value = value}) end
-    return made
-end
-local function guid(n) return {name = "GUID", code = 11, value = id(n)} end
-local function text(key, code, value) return {name = key, code = code, value = value} end
+host.include("tests/scenarios/support/legacy_tree.lua")
+local function guid(n) return value("GUID", 11, id(n)) end
 
 -- What is not given is missing in the tree.
-local function control(name, numbers, ...) return keys("control", numbers, text("NAME", 6, name), ...) end
-local function dialog(name, numbers, ...) return keys(name, numbers, ...) end
+local function control(name, numbers, ...) return keys("control", numbers, value("NAME", 6, name), ...) end
 local function root(width, height, ...)
     return node("Root Dialog", keys("ROOT", {WIDTH = width, HEIGHT = height, POSX = 7, POSY = 8, Flag = 1}, guid(99), ...))
 end
@@ -25,7 +16,7 @@ local function gui(...) return import("C:/a/b.xyz", node("GUI", ...)) end
 
 -- Which dialog is the root dialog, and the order of all.
 local plain = {POSX = 10, POSY = 20, WIDTH = 100, HEIGHT = 50, Flag = 1}
-local d1, d2 = dialog("D1", plain, guid(1)), dialog("D2", plain, guid(2))
+local d1, d2 = keys("D1", plain, guid(1)), keys("D2", plain, guid(2))
 local controls = node("Controls", control("first", {}), false, control("second", {}))
 for note, row in pairs{
     ["empty root dialog"] = {{root(800, 600), node("Dialogs", d1, d2)}, {"D2", "D1"}, "D2"},
@@ -74,7 +65,7 @@ for align, wanted in pairs{
     [12] = rect(near_x, near_y), [-1] = rect(near_x, near_y),
 } do
     for _, mode in ipairs{0, 1} do
-        gui(root(400, 300), node("Dialogs", dialog("D", with(stored, {m_iAlignType = align, ScaleMode = mode}), guid(1))))
+        gui(root(400, 300), node("Dialogs", keys("D", with(stored, {m_iAlignType = align, ScaleMode = mode}), guid(1))))
         local is_scaled = mode == 1 or align == 9
         expect(host.get("D").m_rect, is_scaled and scaled or wanted, "dialog of alignment " .. align)
         expect(host.get("D").m_bScaleMode, is_scaled and 1 or 0)
@@ -91,7 +82,7 @@ for align, wanted in pairs{
     rect(center_x, far_y), rect(near_x, far_y), rect(near_x, center_y), rect(center_x, center_y), rect(near_x, near_y),
 } do
     for _, mode in ipairs{0, 1} do
-        gui(root(400, 300), node("Dialogs", dialog("D", with(stored, {m_iAlignType = 9}), guid(1),
+        gui(root(400, 300), node("Dialogs", keys("D", with(stored, {m_iAlignType = 9}), guid(1),
             node("Controls", control("C", with(in_dialog, {Align = align, ScaleMode = mode}), guid(2))))))
         expect(host.get("C").m_rect, mode == 1 and {100, 70, 140, 90} or wanted, "control of alignment " .. align)
         expect(host.get("C").m_bScaleMode, mode, "9 alone is no scale mode")
@@ -105,7 +96,7 @@ end
 local middle = {POSX = 300, POSY = 20, WIDTH = 100, HEIGHT = 50, Flag = 1, VISIBLE = 1, m_iAlignType = 1, Align = 1}
 host.new(801, 601)
 assert(host.import(node("old", node("GUI", root(801, 601, node("Controls", control("R", middle, guid(5)))),
-    node("Dialogs", dialog("D", middle, guid(6), node("Controls", control("C", {WIDTH = 10, HEIGHT = 5}, guid(7)))))))))
+    node("Dialogs", keys("D", middle, guid(6), node("Controls", control("C", {WIDTH = 10, HEIGHT = 5}, guid(7)))))))))
 expect(host.get("D").m_rect, {299, 20, 399, 70})
 expect(host.get("R").m_rect, {299, 20, 399, 70})
 expect(host.get("C").m_rect, {299, 20, 309, 25})
@@ -113,16 +104,16 @@ expect(host.get("C").m_rect, {299, 20, 309, 25})
 -- Offsets that are not in force stay as they were stored.
 local offsets = {m_offsetx = 3, m_offsety = 4, offsetx = 5, offsety = 6, m_iAlignType = 9, Align = 9}
 gui(root(800, 600, node("Controls", control("R", {})), {name = "m_offsetx", code = 3, value = 8}, {name = "m_offsety", code = 3, value = 9}),
-    node("Dialogs", dialog("D", offsets, guid(1), node("Controls", control("one", offsets), control("two", offsets)))))
+    node("Dialogs", keys("D", offsets, guid(1), node("Controls", control("one", offsets), control("two", offsets)))))
 expect({host.get("D").m_offsetx, host.get("D").m_offsety}, {3, 4})
 expect({host.get("one").m_offsetx, host.get("one").m_offsety}, {5, 6})
 expect({host.get("根界面").m_offsetx, host.get("根界面").m_offsety}, {8, 9})
 expect(host.state().children.D, {"two", "one"}, "the last of the file lies lowest here too")
 
 -- Unchanged view: a control lies where it lay. Identifiers, names, kinds, texts that are too long.
-gui(root(800, 600), node("Dialogs", dialog("D", with(plain, {Flag = 6}), guid(1), node("Controls",
+gui(root(800, 600), node("Dialogs", keys("D", with(plain, {Flag = 6}), guid(1), node("Controls",
     control("Fünf", {POSX = 5, POSY = 6, WIDTH = 30, HEIGHT = 12, VISIBLE = 2, Type = 10, BKIMAGE = 1}, guid(5),
-        text("Caption", 20, ("字"):rep(300))),
+        value("Caption", 20, ("字"):rep(300))),
     control(("n"):rep(70), {Type = 7}), control("label", {Type = 1}), control("picture", {Type = 11})))))
 local shape = host.get("Fünf")
 expect(shape.m_rect, {15, 26, 45, 38})
@@ -139,8 +130,8 @@ expect({host.get("picture").m_color, host.get("picture").m_is_static_pic}, {{1, 
 
 -- Pictures: where the author had them, in the project's folder by their whole path, by their names alone, nowhere.
 local here = "samples/showroom/pictures/"
-local function picture(key, file) return node(key, text("FILENAME", 4, file)) end
-import("samples/showroom/showroom.xyz", node("GUI", node("Dialogs", dialog("D", plain, guid(1), node("Controls",
+local function picture(key, file) return node(key, value("FILENAME", 4, file)) end
+import("samples/showroom/showroom.xyz", node("GUI", node("Dialogs", keys("D", plain, guid(1), node("Controls",
     control("button", {Type = 10}, guid(2), picture("Texture0", here .. "logo.png"),
         picture("Texture1", "..\\pictures\\logo.png"), picture("Texture2", "D:\\gone\\close_down.png"),
         picture("Texture", here .. "logo.png")),

@@ -1,43 +1,33 @@
 -- The primary layout of legacy projects: stages become dialogs that fill the view, panels become their shapes.
-local function node(name, ...) return {name = name, children = {...}} end
-local function id(n) return ("00000000-0000-0000-0000-%012d"):format(n) end
-local function keys(name, numbers, ...)
-    local made = node(name, ...)
-    for key, value in pairs(numbers) do table.insert(made.children, {name = key, code = 3, value = value}) end
-    return made
-end
-local function value(key, code, given) return {name = key, code = code, value = given} end
+host.include("tests/scenarios/support/legacy_tree.lua")
 local function place(numbers, ...) return keys("panel_pos", numbers, ...) end
-local function panel(name, numbers, ...) return keys(name, numbers, ...) end
 local function import(...)
     host.new(801, 601)
     assert(host.import(node("old", node("UIStages", ...)), "samples/showroom/showroom.xyz"))
     return host.state()
 end
 local function only(...)
-    import(node("stage", panel("p", ...)))
+    import(node("stage", keys("p", ...)))
     return host.get("p")
 end
-local function float32(number) return (string.unpack("f", string.pack("f", number))) end
 
 -- Which stages become dialogs, and which of them stands for the root dialog.
-local p = panel("p", {})
+local p = keys("p", {})
 local extras = {node("绘图区"), node("桌面"), value("stage_name", 20, "x"), value("stage_type", 3, 1), false}
-local function stage(name, ...) return node(name, ...) end
 for note, row in pairs{
-    ["in the order of the file"] = {{stage("A", p), false, stage("B")}, {"B", "A"}, "A"},
-    ["the loading stage"] = {{stage("加载页面", p), stage("B", p)}, {"B"}, "B"},
-    ["an empty main stage that was the root"] = {{stage("主页面", table.unpack(extras)), stage("B")}, {"B"}, "B"},
-    ["an empty main stage behind another"] = {{stage("B"), stage("主页面")}, {"B"}, "B"},
-    ["an empty main stage alone"] = {{stage("主页面")}, {}},
-    ["a main stage with a panel"] = {{stage("主页面", p, table.unpack(extras)), stage("B")}, {"B", "主页面"}, "主页面"},
+    ["in the order of the file"] = {{node("A", p), false, node("B")}, {"B", "A"}, "A"},
+    ["the loading stage"] = {{node("加载页面", p), node("B", p)}, {"B"}, "B"},
+    ["an empty main stage that was the root"] = {{node("主页面", table.unpack(extras)), node("B")}, {"B"}, "B"},
+    ["an empty main stage behind another"] = {{node("B"), node("主页面")}, {"B"}, "B"},
+    ["an empty main stage alone"] = {{node("主页面")}, {}},
+    ["a main stage with a panel"] = {{node("主页面", p, table.unpack(extras)), node("B")}, {"B", "主页面"}, "主页面"},
 } do
     local state = import(table.unpack(row[1]))
     expect(state.dialogs, row[2], note)
     expect(state.root, row[3], note)
     host.frame()
 end
-local state = import(stage("A", panel("one", {}), table.unpack(extras)), stage("B", panel("two", {}), panel("three", {})))
+local state = import(node("A", keys("one", {}), table.unpack(extras)), node("B", keys("two", {}), keys("three", {})))
 expect(state.children, {A = {"one"}, B = {"two", "three"}}, "panels keep the order of the file")
 local fills = host.get("A")
 expect({fills.m_rect, fills.m_last_rect, fills.m_bScaleMode, fills.visible}, {{0, 0, 801, 601}, {0, 0, 801, 601}, 1, true})

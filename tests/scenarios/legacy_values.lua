@@ -1,5 +1,5 @@
 -- Facts of the legacy format that are arithmetic: colours and text formats.
-local function float32(number) return (string.unpack("f", string.pack("f", number))) end
+host.include("tests/scenarios/support/legacy_tree.lua")
 local function color(r, g, b) return {float32(r / 255), float32(g / 255), float32(b / 255), 1} end
 
 -- The number, and the channels that it stands for: 255 minus each byte of its absolute value, blue in the lowest;
