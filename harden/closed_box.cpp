@@ -16,9 +16,9 @@ namespace harden {
 namespace {
 
 constexpr std::array allowed = {
-    SYS_brk,      SYS_mmap,         SYS_munmap,          SYS_mremap,    SYS_madvise,      SYS_mprotect, SYS_futex,
-    SYS_write,    SYS_writev,       SYS_clock_gettime,   SYS_getrusage, SYS_gettimeofday, SYS_time,     SYS_getrandom,
-    SYS_exit,     SYS_exit_group,   SYS_rt_sigreturn,    SYS_lseek,     SYS_sched_yield,
+    SYS_brk,   SYS_mmap,       SYS_munmap,        SYS_mremap,    SYS_madvise,      SYS_mprotect, SYS_futex,
+    SYS_write, SYS_writev,     SYS_clock_gettime, SYS_getrusage, SYS_gettimeofday, SYS_time,     SYS_getrandom,
+    SYS_exit,  SYS_exit_group, SYS_rt_sigreturn,  SYS_lseek,     SYS_sched_yield,
 };
 
 volatile std::sig_atomic_t tried = 0;

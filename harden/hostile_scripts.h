@@ -62,8 +62,8 @@ inline constexpr const char* bombs[] = {
     "local s = ('x'):rep(16000000) while true do local t = ('%q'):format(s) end",
     "local s = ('\\0'):rep(900000) while true do pcall(string.format, '%q', s) end",
     "while true do local t = ('%99.99f'):format(1e308) end",
-    "local f, a = ('%99.99f'):rep(100), {} for i = 1, 100 do a[i] = 1e308 end "
-    "while true do local t = f:format(table.unpack(a)) end",
+    ("local f, a = ('%99.99f'):rep(100), {} for i = 1, 100 do a[i] = 1e308 end "
+     "while true do local t = f:format(table.unpack(a)) end"),
     "local s = ('x'):rep(16000000) while true do local t = string.pack('s', s) end",
     "local p = string.pack('s', ('x'):rep(16000000)) while true do local t = string.unpack('s', p) end",
     "while true do string.packsize(('i'):rep(100000)) end",
@@ -128,12 +128,12 @@ inline constexpr const char* ways_out[] = {
     "if getmetatable('').__index.dump then print('ESCAPED') end",
     "if pcall(('').dump, print) then print('ESCAPED') end",
     "for k, v in pairs(_G) do if type(v) == 'userdata' then print('ESCAPED') end end",
-    "for _, library in pairs(_G) do if type(library) == 'table' then for k in pairs(library) do "
-    "if k == 'execute' or k == 'popen' or k == 'open' or k == 'loadlib' then print('ESCAPED') end end end end",
+    ("for _, library in pairs(_G) do if type(library) == 'table' then for k in pairs(library) do "
+     "if k == 'execute' or k == 'popen' or k == 'open' or k == 'loadlib' then print('ESCAPED') end end end end"),
     "for _, f in pairs(string) do if pcall(f, print, print) and f == string.dump then print('ESCAPED') end end",
     "local t = setmetatable({}, {__gc = function() print('ESCAPED') end}) t = nil for i = 1, 1e6 do local x = {} end",
-    "local m = {} local t = setmetatable({}, m) m.__gc = function() print('ESCAPED') end t = nil "
-    "for i = 1, 1e6 do local x = {} end",
+    ("local m = {} local t = setmetatable({}, m) m.__gc = function() print('ESCAPED') end t = nil "
+     "for i = 1, 1e6 do local x = {} end"),
     "local name = tostring(print) if name:find('0x') then print('ESCAPED') end",
     "if tostring({}):find('0x') or string.format('%s', print):find('0x') then print('ESCAPED') end",
     "if pcall(string.format, '%p', {}) or pcall(string.format, '%-20p', 'x') then print('ESCAPED') end",

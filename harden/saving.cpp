@@ -60,7 +60,7 @@ public:
              [this](std::string& why) { return m_engine.save_project((m_folder / "link.sgui").string(), why); }});
         add({"a picture", m_folder / "frame.png",
              [this](std::string& why) {
-                 std::vector<std::uint32_t> pixels(64 * 48, 0xFF336699u);
+                 std::vector<std::uint32_t> pixels(std::size_t{64} * 48, 0xFF336699u);
                  return host::write_png((m_folder / "frame.png").string(), pixels, 64, why);
              },
              false});

@@ -45,8 +45,7 @@ host::ProjectDocument project_with(const std::string& script) {
     project.items.push_back(item(ITEM_TYPE_DIALOG, L"00000000-0000-0000-0000-000000000001", L"D", {0, 0, 400, 300}));
     project.items.push_back(
         item(ITEM_TYPE_SHAPE, L"00000000-0000-0000-0000-000000000002", L"hostile", {10, 10, 30, 30}));
-    project.items.push_back(
-        item(ITEM_TYPE_SHAPE, L"00000000-0000-0000-0000-000000000003", L"other", {50, 10, 70, 30}));
+    project.items.push_back(item(ITEM_TYPE_SHAPE, L"00000000-0000-0000-0000-000000000003", L"other", {50, 10, 70, 30}));
     for (std::size_t shape : {1u, 2u}) project.items[shape].parent = project.items[0].id;
     project.items[1].flag = 1;
     add_script(project.items[1], script);

@@ -97,7 +97,7 @@ public:
         else if (uninterrupted([&] { return ::fsync(file.number()); }) != 0)
             failed = "cannot flush to the disk";
         else if (!file.close())
-            failed = "cannot write";
+            failed = "cannot finish writing";
         if (failed) error = because(failed);
         return !failed;
     }
