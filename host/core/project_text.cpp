@@ -1,9 +1,11 @@
 #include "host/core/project_text.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 #include "host/core/text_conversion.h"
 
@@ -236,17 +238,44 @@ std::optional<long long> parse_whole_number(std::string_view text) {
     return value;
 }
 
-std::string format_guid(const CGuid& id) { return to_utf8(id.to_text()); }
+std::string format_guid(const CGuid& id) {
+    const std::wstring text = id.to_text();
+    std::string narrow(text.size(), '\0');
+    std::transform(text.begin(), text.end(), narrow.begin(), [](wchar_t c) { return static_cast<char>(c); });
+    return narrow;
+}
 
 std::optional<CGuid> parse_guid(std::string_view text) {
-    const CGuid id(from_utf8(text).c_str());
+    wchar_t wide[guid_text::length + 1] = {};
+    if (text.size() != guid_text::length) return {};
+    std::transform(text.begin(), text.end(), wide, [](char c) { return static_cast<unsigned char>(c); });
+    const CGuid id(wide);
     const bool really_zero = text == "00000000-0000-0000-0000-000000000000";
     if (id.is_empty() && !really_zero) return {};
     return id;
 }
 
+namespace {
+
+// True if each of the eight bytes is a printable character of ASCII other than the one that begins a reference.
+bool are_plain(const char* bytes) {
+    constexpr std::uint64_t ones = 0x0101010101010101u;
+    constexpr std::uint64_t tops = ones * 0x80;
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    const std::uint64_t ampersands = word ^ (ones * '&');
+    const std::uint64_t wrong = word | (word - ones * 0x20) | ((ampersands - ones) & ~ampersands);
+    return (wrong & tops) == 0;
+}
+
+}  // namespace
+
 std::size_t first_bad_byte(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
+        if (text.size() - at >= 8 && are_plain(text.data() + at)) {
+            at += 8;
+            continue;
+        }
         std::uint32_t code = 0;
         const std::size_t length = read_utf8(text.substr(at), code);
         if (length == 0 || !is_xml_character(code)) return at;

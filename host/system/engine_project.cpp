@@ -129,14 +129,11 @@ void Engine::fill(const ProjectDocument& document, const std::string& path) {
 void Engine::create_item(const ProjectItem& stored, load_operation& operation) {
     const CMyComPtr<IBaseItem> item(find_item_kind(stored.type)->creator(this));
     IActor* parent = stored.parent.is_empty() ? nullptr : m_scene.search_actor_by_guid(stored.parent);
-    IActor* made = m_scene.create_actor(item.get(), parent, 1);
-    if (!made) {
+    Actor* actor = m_scene.create_actor_as(item.get(), parent, stored.id, stored.name.c_str());
+    if (!actor) {
         m_warnings.push_back(to_utf8(stored.name) + ": the item could not be made");
         return;
     }
-    auto* actor = static_cast<Actor*>(made);
-    actor->set_id(stored.id);
-    actor->set_name(stored.name.c_str(), false);
     actor->set_visible(stored.visible);
     actor->set_flag(stored.flag);
     operation.owner_id = stored.id;
