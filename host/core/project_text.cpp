@@ -92,17 +92,22 @@ std::string_view trimmed(std::string_view text) {
 
 constexpr std::uint32_t plain_nan = 0x7FC00000;
 
-std::string format_number(float value) {
-    if (std::isnan(value)) {
-        const auto bits = std::bit_cast<std::uint32_t>(value);
-        if (bits == plain_nan) return "nan";
-        char digits[8];
-        return "nan:" + std::string(digits, std::to_chars(digits, digits + sizeof digits, bits, 16).ptr);
-    }
+void append_number(std::string& out, float value) {
     char buffer[32];
-    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+    if (!std::isnan(value)) {
+        out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+        return;
+    }
+    out += "nan";
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    if (bits == plain_nan) return;
+    out += ':';
+    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, bits, 16).ptr);
 }
-std::string format_number(std::int32_t value) { return std::to_string(value); }
+void append_number(std::string& out, std::int32_t value) {
+    char buffer[16];
+    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
 
 bool parse_number(std::string_view text, std::int32_t& value) {
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -127,11 +132,10 @@ bool parse_number(std::string_view text, float& value) {
     return read.ec == std::errc() && read.ptr == end && !named;
 }
 
-template <class... Numbers>
-std::string joined(const Numbers&... numbers) {
-    std::string text;
-    ((text += text.empty() ? "" : " ", text += format_number(numbers)), ...);
-    return text;
+template <class First, class... Rest>
+void append_numbers(std::string& out, const First& first, const Rest&... rest) {
+    append_number(out, first);
+    ((out += ' ', append_number(out, rest)), ...);
 }
 
 bool next_word(std::string_view& rest, std::string_view& word) {
@@ -189,17 +193,24 @@ std::optional<std::wstring> from_xml_text(std::string_view bytes, bool escaped) 
     return out;
 }
 
-std::string format_value(const PropertyValue& value) {
+void append_value(std::string& out, const PropertyValue& value) {
     struct Formatter {
-        std::string operator()(int v) const { return joined(v); }
-        std::string operator()(StoredBool v) const { return joined(v.value); }
-        std::string operator()(float v) const { return joined(v); }
-        std::string operator()(const CRect& v) const { return joined(v.left, v.top, v.right, v.bottom); }
-        std::string operator()(const VEC3& v) const { return joined(v.x, v.y, v.z); }
-        std::string operator()(const VEC4& v) const { return joined(v.x, v.y, v.z, v.w); }
-        std::string operator()(const tstringW& v) const { return to_utf8(v); }
+        std::string& out;
+        void operator()(int v) const { append_numbers(out, v); }
+        void operator()(StoredBool v) const { append_numbers(out, v.value); }
+        void operator()(float v) const { append_numbers(out, v); }
+        void operator()(const CRect& v) const { append_numbers(out, v.left, v.top, v.right, v.bottom); }
+        void operator()(const VEC3& v) const { append_numbers(out, v.x, v.y, v.z); }
+        void operator()(const VEC4& v) const { append_numbers(out, v.x, v.y, v.z, v.w); }
+        void operator()(const tstringW& v) const { out += to_utf8(v); }
     };
-    return std::visit(Formatter{}, value);
+    std::visit(Formatter{out}, value);
+}
+
+std::string format_value(const PropertyValue& value) {
+    std::string text;
+    append_value(text, value);
+    return text;
 }
 
 std::optional<PropertyValue> parse_value(std::string_view text, const PropertyValue& kind) {

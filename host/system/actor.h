@@ -41,6 +41,10 @@ public:
 
 private:
     friend class Scene;
+    // At the front, since each frame asks every actor for it.
+    bool m_visible = true;
+    bool m_in_scene = true;
+    int m_flag = 0;
     Scene& m_scene;
     CMyComPtr<IBaseItem> m_item;
     // Kept apart from the item, since the index must be found again when the item is half destroyed.
@@ -52,9 +56,8 @@ private:
     std::list<Actor*> m_children;
     /// Among the children of the parent, while there is one.
     std::list<Actor*>::iterator m_place;
-    int m_flag = 0;
-    bool m_visible = true;
-    bool m_in_scene = true;
+    /// Where the scene keeps it.
+    std::list<Actor>::iterator m_self;
 };
 
 }  // namespace host

@@ -1,7 +1,7 @@
 // How the engine opens and saves projects.
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
 #include <utility>
 
 #include "host/core/item_store.h"
@@ -212,9 +212,11 @@ void Engine::save_item(const Actor& actor, SavedIds& ids, ProjectDocument& docum
 // In the order of creation, which modules keep as the order of their own lists; an actor that hangs below a later one
 // waits for it.
 void Engine::save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
-    std::set<const Actor*> done;
+    std::unordered_set<const Actor*> done;
+    std::vector<const Actor*> above;
+    document.items.reserve(m_scene.size());
     for (const Actor* actor : m_scene.actors()) {
-        std::vector<const Actor*> above;
+        above.clear();
         for (const Actor* at = actor; at && done.insert(at).second; at = static_cast<const Actor*>(at->get_parent()))
             above.push_back(at);
         for (auto next = above.rbegin(); next != above.rend(); ++next) save_item(**next, ids, document, operation);

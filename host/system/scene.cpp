@@ -46,9 +46,8 @@ IActor* Scene::create_actor(IBaseItem* item, IActor* parent, int) {
 Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, const tstringW& name) {
     if (!can_carry(item, parent)) return nullptr;
     const std::uint64_t serial = m_next_serial++;
-    auto owned = std::make_unique<Actor>(*this, item, serial, id, name);
-    Actor& actor = *owned;
-    m_actors.emplace(serial, std::move(owned));
+    Actor& actor = m_actors.emplace_back(*this, item, serial, id, name);
+    actor.m_self = std::prev(m_actors.end());
     m_alive.emplace(&actor, &actor);
     link(actor, parent ? m_alive.at(parent) : nullptr);
     enter_indexes(actor);
@@ -93,7 +92,8 @@ void Scene::destroy_one(Actor& actor) {
     unlink(actor);
     m_alive.erase(&actor);
     // The actor itself outlives its item: the item may ask it for its name while it goes.
-    const auto node = m_actors.extract(actor.m_serial);
+    std::list<Actor> going;
+    going.splice(going.begin(), m_actors, actor.m_self);
     CMyComPtr<IBaseItem> item = actor.m_item;
     actor.m_item = {};
     if (IBaseItem* carried = item.get()) {
@@ -133,21 +133,21 @@ void Scene::tell(unsigned long id, std::list<IActor*>& actors) {
 }
 
 void Scene::clear() {
-    while (!m_actors.empty()) destroy_tree(std::prev(m_actors.end())->second.get());
+    while (!m_actors.empty()) destroy_tree(&m_actors.back());
 }
 
 Actor* Scene::find_any(const CGuid& id) const {
     if (Actor* present = m_by_id.find(id)) return present;
     // Only those that are out of the scene are not in the index.
-    for (const auto& entry : m_actors)
-        if (entry.second->m_id == id) return entry.second.get();
+    for (const Actor& actor : m_actors)
+        if (actor.m_id == id) return &*actor.m_self;
     return nullptr;
 }
 
 std::vector<Actor*> Scene::actors() const {
     std::vector<Actor*> all;
     all.reserve(m_actors.size());
-    for (const auto& entry : m_actors) all.push_back(entry.second.get());
+    for (const Actor& actor : m_actors) all.push_back(&*actor.m_self);
     return all;
 }
 

@@ -4,7 +4,7 @@
 // through the messages that it sends.
 
 #include <functional>
-#include <map>
+#include <list>
 #include <memory>
 #include <random>
 #include <string_view>
@@ -112,8 +112,8 @@ private:
 
     MessageManager& m_messages;
     SelectionManager& m_selection;
-    // By serial: the order of creation.
-    std::map<std::uint64_t, std::unique_ptr<Actor>> m_actors;
+    // In the order of creation.
+    std::list<Actor> m_actors;
     // Interfaces to actors, so that a pointer from outside is checked ahead of use.
     std::unordered_map<const IActor*, Actor*> m_alive;
     EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
