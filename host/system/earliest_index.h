@@ -2,8 +2,9 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
+#include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace host {
 
@@ -14,23 +15,27 @@ class EarliestIndex {
 public:
     /// The actor is not in the index yet.
     void add(Actor* actor) {
-        const auto [entry, is_first] = m_entries.insert(Entry{actor, nullptr});
+        const auto [entry, is_first] = m_entries.insert(Entry{actor});
         if (is_first) return;
+        Others others = taken_others(entry->first);
         if (actor->serial() < entry->first->serial()) std::swap(actor, entry->first);
-        if (!entry->others) entry->others = std::make_unique<Others>();
-        entry->others->emplace(actor->serial(), actor);
+        others.emplace(actor->serial(), actor);
+        m_others.emplace(entry->first, std::move(others));
     }
     /// An actor that is not in the index is passed over.
     void remove(const Actor* actor) {
         const auto entry = m_entries.find(KeyOf()(*actor));
         if (entry == m_entries.end()) return;
+        Others others = taken_others(entry->first);
         if (entry->first != actor) {
-            if (entry->others) entry->others->erase(actor->serial());
-        } else if (entry->others && !entry->others->empty()) {
-            entry->first = entry->others->extract(entry->others->begin()).mapped();
-        } else {
+            others.erase(actor->serial());
+        } else if (others.empty()) {
             m_entries.erase(entry);
+            return;
+        } else {
+            entry->first = others.extract(others.begin()).mapped();
         }
+        if (!others.empty()) m_others.emplace(entry->first, std::move(others));
     }
     /// Null if there is none.
     template <class Key>
@@ -41,11 +46,14 @@ public:
 
 private:
     using Others = std::map<std::uint64_t, Actor*>;
-    // Those that share a key; exchanging the first for another of them leaves the key what it is.
+    // Exchanging the first of a key for another of them leaves the key what it is.
     struct Entry {
         mutable Actor* first;
-        mutable std::unique_ptr<Others> others;
     };
+    Others taken_others(const Actor* first) {
+        auto node = m_others.extract(first);
+        return node.empty() ? Others() : std::move(node.mapped());
+    }
     struct Hash {
         using is_transparent = void;
         std::size_t operator()(const Entry& entry) const { return KeyHash()(KeyOf()(*entry.first)); }
@@ -67,6 +75,8 @@ private:
         }
     };
     std::unordered_set<Entry, Hash, Equal> m_entries;
+    // Those behind the first of a key, by that first; most keys have none.
+    std::unordered_map<const Actor*, Others> m_others;
 };
 
 }  // namespace host
