@@ -51,8 +51,9 @@ void compose_fading(benchmark::State& state) {
     const double step = static_cast<double>(manager.m_setting->m_ani_trans_time) / (moments + 2);
     int moment = 0;
     compose(state, show, [&] { host::set_time(step * ++moment), moment %= moments; });
-    bench::report(state, static_cast<double>(state.range(0)),
-                  "a whole frame into the null device; every shape a fading button with three layers, a tenth with text");
+    bench::report(
+        state, static_cast<double>(state.range(0)),
+        "a whole frame into the null device; every shape a fading button with three layers, a tenth with text");
 }
 
 }  // namespace

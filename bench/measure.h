@@ -14,8 +14,8 @@ inline void crowd_sizes(benchmark::internal::Benchmark* benchmark) {
 
 /// Closes a bench: an iteration did `count` things, whose cost is asked for, and `includes` says what was timed.
 inline void report(benchmark::State& state, double count, const char* includes) {
-    state.counters["seconds_per_element"] = benchmark::Counter(
-        count, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["seconds_per_element"] =
+        benchmark::Counter(count, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     state.SetLabel(includes);
 }
 

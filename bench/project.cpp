@@ -3,6 +3,7 @@
 
 #include <malloc.h>
 
+#include <map>
 #include <stdexcept>
 
 #include "measure.h"
@@ -26,8 +27,15 @@ public:
     const std::string copy = m_folder.file("copy.sgui");
 };
 
+// Written once for all benches and repetitions.
+const CrowdFile& file_of(const benchmark::State& state) {
+    static std::map<int, CrowdFile> files;
+    const int shapes = static_cast<int>(state.range(0));
+    return files.try_emplace(shapes, shapes).first->second;
+}
+
 void open(benchmark::State& state) {
-    const CrowdFile file(static_cast<int>(state.range(0)));
+    const CrowdFile& file = file_of(state);
     bench::Show show;
     std::string error;
     for (auto _ : state) {
@@ -40,7 +48,7 @@ void open(benchmark::State& state) {
 }
 
 void save(benchmark::State& state) {
-    const CrowdFile file(static_cast<int>(state.range(0)));
+    const CrowdFile& file = file_of(state);
     bench::Show show;
     std::string error;
     check(show.engine.open_project(file.path, error), error);
@@ -50,7 +58,7 @@ void save(benchmark::State& state) {
 }
 
 void close(benchmark::State& state) {
-    const CrowdFile file(static_cast<int>(state.range(0)));
+    const CrowdFile& file = file_of(state);
     bench::Show show;
     std::string error;
     for (auto _ : state) {
@@ -68,7 +76,7 @@ double bytes_in_use() {
 
 // The counter carries bytes where the others carry seconds.
 void memory(benchmark::State& state) {
-    const CrowdFile file(static_cast<int>(state.range(0)));
+    const CrowdFile& file = file_of(state);
     std::string error;
     double bytes = 0.0;
     for (auto _ : state) {

@@ -140,7 +140,7 @@ def page(best):
     parts = [
         "# What much costs\n",
         "Written by `tools/bench`; run it again for the figures of another machine. One thread on one core, the best of",
-        "five repetitions, release build; times are those of the processor, so that the disk and other programs play no",
+        "three repetitions, release build; times are those of the processor, so that the disk and other programs play no",
         f"part. This run: {machine}, {os.cpu_count()} cores.\n",
         "The scene has N/100 dialogs of 100 shapes, in all nine alignments and scaled; half of the shapes have pictures",
         "(16 different ones), a tenth has 12 characters of text; `bench/scene/crowd.h` makes it, and",

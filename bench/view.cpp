@@ -14,7 +14,8 @@ void resize(benchmark::State& state) {
     show.engine.start_run();
     int width = bench::crowd_width;
     for (auto _ : state) show.engine.resize(width ^= 64, bench::crowd_height);
-    bench::report(state, static_cast<double>(state.range(0)), "the engine's resize: every dialog and shape laid out anew");
+    bench::report(state, static_cast<double>(state.range(0)),
+                  "the engine's resize: every dialog and shape laid out anew");
 }
 
 // The pointer stays over the same shapes.

@@ -1,8 +1,8 @@
 #pragma once
 
 // The crowd: one scene of as many shapes as one likes, for everything that asks what much costs: benches, tests, long
-// runs. Always the same for the same numbers. Belongs here: the scene, its key frames, its file, and a device that shows
-// it to no one. Includes the host; knows the module by its contract alone.
+// runs. Always the same for the same numbers. Belongs here: the scene, its key frames, its file, and a device that
+// shows it to no one. Includes the host; knows the module by its contract alone.
 
 #include <string>
 
