@@ -16,7 +16,9 @@ constexpr const char* text = "welcome 1234";
 ImVec2 corner(int x, int y) { return {static_cast<float>(x), static_cast<float>(y)}; }
 ImVec2 begin_of(const CRect& rect) { return corner(rect.left, rect.top); }
 ImVec2 end_of(const CRect& rect) { return corner(rect.right, rect.bottom); }
-ImTextureID picture_of(const FlatShape& shape) { return reinterpret_cast<ImTextureID>(std::intptr_t{shape.picture + 2}); }
+ImTextureID picture_of(const FlatShape& shape) {
+    return reinterpret_cast<ImTextureID>(std::intptr_t{shape.picture + 2});
+}
 
 class Context {
 public:
@@ -112,10 +114,12 @@ void add(const char* name, Way way, const char* includes) {
 }
 
 const bool added = [] {
-    add("compose_still:Dear ImGui (draw lists)", DRAW_LISTS, "a whole frame of rectangles, images and text to draw data");
+    add("compose_still:Dear ImGui (draw lists)", DRAW_LISTS,
+        "a whole frame of rectangles, images and text to draw data");
     add("compose_still:Dear ImGui (widgets)", WIDGETS, "a whole frame of windows with buttons and image buttons");
     add("compose_fading:Dear ImGui (draw lists)", DRAW_LISTS_FADING, "a whole frame, three images a button, and text");
-    add("move_still:Dear ImGui (widgets)", WIDGETS_AND_MOUSE, "a frame of widgets, the one answer to a mouse move there is");
+    add("move_still:Dear ImGui (widgets)", WIDGETS_AND_MOUSE,
+        "a frame of widgets, the one answer to a mouse move there is");
     add("move_changed:Dear ImGui (widgets)", WIDGETS_AND_MOUSE, "the same");
     return true;
 }();

@@ -137,7 +137,7 @@ std::string position(const CRect& rect, const CRect& frame) {
 }
 
 std::string layout_of(const std::vector<bench::FlatDialog>& dialogs) {
-    constexpr const char* aligns[] = {"Left Top",     "HCenter Top", "Right Top",   "Right VCenter", "Right Bottom",
+    constexpr const char* aligns[] = {"Left Top",       "HCenter Top", "Right Top",    "Right VCenter", "Right Bottom",
                                       "HCenter Bottom", "Left Bottom", "Left VCenter", "Center",        "Stretch"};
     std::string xml = "<?xml version=\"1.0\"?>\n<MyGUI type=\"Layout\" version=\"3.2.0\">\n";
     for (const bench::FlatDialog& dialog : dialogs) {
@@ -212,7 +212,8 @@ void still(benchmark::State& state) {
     Opened opened(state);
     state.counters["draw_calls"] = opened.drawn;
     for (auto _ : state) opened.library.renderer.frame();
-    bench::report(state, static_cast<double>(state.range(0)), "a whole frame from vertex buffers that are kept; no text");
+    bench::report(state, static_cast<double>(state.range(0)),
+                  "a whole frame from vertex buffers that are kept; no text");
 }
 
 void fading(benchmark::State& state) {
@@ -226,21 +227,24 @@ void fading(benchmark::State& state) {
         }
         opened.library.renderer.frame();
     }
-    bench::report(state, static_cast<double>(state.range(0)), "every widget gets a new alpha, then a frame; one layer; no text");
+    bench::report(state, static_cast<double>(state.range(0)),
+                  "every widget gets a new alpha, then a frame; one layer; no text");
 }
 
 void resize(benchmark::State& state) {
     Opened opened(state);
     int width = bench::crowd_width;
     for (auto _ : state) opened.library.renderer.setViewSize(width ^= 64, bench::crowd_height);
-    bench::report(state, static_cast<double>(state.range(0)), "a new view size; every window stretched, widgets aligned in it");
+    bench::report(state, static_cast<double>(state.range(0)),
+                  "a new view size; every window stretched, widgets aligned in it");
 }
 
 void move(benchmark::State& state, int distance) {
     Opened opened(state);
     int x = 400;
     for (auto _ : state) MyGUI::InputManager::getInstance().injectMouseMove(x ^= distance, 300, 0);
-    bench::report(state, static_cast<double>(state.range(0)), "a mouse move to the topmost widget under it, and no other");
+    bench::report(state, static_cast<double>(state.range(0)),
+                  "a mouse move to the topmost widget under it, and no other");
 }
 
 void open(benchmark::State& state) {
@@ -251,7 +255,8 @@ void open(benchmark::State& state) {
         state.SetIterationTime(bench::seconds_of([&] { widgets = library.open(); }));
         library.close(widgets);
     }
-    bench::report(state, static_cast<double>(state.range(0)), "a layout parsed and its widgets made; four properties a widget");
+    bench::report(state, static_cast<double>(state.range(0)),
+                  "a layout parsed and its widgets made; four properties a widget");
 }
 
 void close(benchmark::State& state) {
