@@ -3,6 +3,7 @@
 // The engine's own records of a load and of a save. Modules and items hand them on and read nothing of them.
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "engine/guid.h"
@@ -20,6 +21,8 @@ struct load_operation {
     /// The actor whose item is being read, for the warnings and for scripts that name their owner in errors.
     CGuid owner_id;
     tstringW owner_name;
+    /// What stored paths of pictures have come to so far: many items show few pictures.
+    mutable std::unordered_map<std::wstring, std::wstring> picture_paths;
 };
 
 /// A save in work.
@@ -29,4 +32,6 @@ struct save_operation {
     std::string project_folder;
     /// False while a tree is made that goes to no file: picture paths are then stored as they are.
     bool to_file = true;
+    /// As in load_operation, the other way round.
+    mutable std::unordered_map<std::wstring, std::wstring> picture_paths;
 };

@@ -35,6 +35,13 @@ fs::path whole(const fs::path& path) {
 // Modules put a word in the place of a path that leads nowhere; no folder belongs in front of it.
 bool is_word(const std::wstring& file_name) { return file_name.find_first_of(L"./\\") == std::wstring::npos; }
 
+// The path that an earlier picture of that name has come to, or that `make` comes to now.
+template <class Make>
+const std::wstring& once(std::unordered_map<std::wstring, std::wstring>& paths, const std::wstring& name, Make make) {
+    const auto known = paths.find(name);
+    return known != paths.end() ? known->second : paths.emplace(name, from_utf8(make())).first->second;
+}
+
 IBaseItem* create_picture(XSystem* system) { return new PictureItem(system ? system->render_device : nullptr); }
 
 }  // namespace
@@ -64,10 +71,12 @@ PictureItem::PictureItem(IBaseDevice* device) : m_device(device) {
 
 void PictureItem::save_to_node(pack_node* node, const save_operation& operation) {
     ITexture::save_to_node(node, operation);
-    const std::string path = to_utf8(file_name);
     const bool is_path = operation.to_file && (m_device_side || !is_word(file_name));
-    node->add_string_property(file_name_key,
-                              from_utf8(is_path ? stored_picture_path(path, operation.project_folder) : path));
+    const auto stored = [this, &operation] {
+        return stored_picture_path(to_utf8(file_name), operation.project_folder);
+    };
+    node->add_string_property(
+        file_name_key, is_path ? once(operation.picture_paths, file_name, stored) : from_utf8(to_utf8(file_name)));
     if (tex_kind != usual_kind) node->add_property(kind_key, PAK_INT, &tex_kind);
     if (tex_option != usual_option) node->add_property(option_key, PAK_INT, &tex_option);
 }
@@ -78,7 +87,8 @@ void PictureItem::on_parse(pack_node* node, const load_operation& operation) {
     node->get_string_property(file_name_key, stored);
     node->get_property(kind_key, PAK_INT, &tex_kind);
     node->get_property(option_key, PAK_INT, &tex_option);
-    file_name = from_utf8(resolved_picture_path(to_utf8(stored), operation.project_folder));
+    const auto resolved = [&] { return resolved_picture_path(to_utf8(stored), operation.project_folder); };
+    file_name = once(operation.picture_paths, stored, resolved);
     create_device_texture(m_device);
     if (!m_device_side && !stored.empty() && operation.warnings)
         operation.warnings->push_back(to_utf8(operation.owner_name) + ": no picture in \"" + to_utf8(file_name) +

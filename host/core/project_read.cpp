@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <iterator>
 #include <set>
+#include <unordered_set>
 #include <utility>
 
 #include "host/core/project_disk.h"
@@ -127,6 +128,12 @@ ProjectAnimation read_animation_head(const pugi::xml_node& element) {
     return animation;
 }
 
+struct IdHash {
+    std::size_t operator()(const CGuid& id) const {
+        return std::hash<std::string_view>()({reinterpret_cast<const char*>(id.bytes()), sizeof id});
+    }
+};
+
 class DocumentReader {
 public:
     DocumentReader(std::string_view text, ProjectDocument& document) : m_lines(text), m_document(document) {}
@@ -176,7 +183,9 @@ private:
     void read_modules(const pugi::xml_node& section) { read_children(section, m_document.modules, 2); }
 
     void read_items(const pugi::xml_node& section) {
-        for (const pugi::xml_node& element : elements_of(section, "item")) {
+        const std::vector<pugi::xml_node> elements = elements_of(section, "item");
+        m_document.items.reserve(elements.size());
+        for (const pugi::xml_node& element : elements) {
             ProjectItem item = read_item(element, 3);
             if (!item.parent.is_empty() && !m_ids.contains(item.parent))
                 fail(element, "unknown parent", format_guid(item.parent), "the identifier of an item further up");
@@ -201,7 +210,7 @@ private:
 
     LineCounter m_lines;
     ProjectDocument& m_document;
-    std::set<CGuid> m_ids;
+    std::unordered_set<CGuid, IdHash> m_ids;
 };
 
 }  // namespace

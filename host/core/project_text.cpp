@@ -1,9 +1,11 @@
 #include "host/core/project_text.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 #include "host/core/text_conversion.h"
 
@@ -90,17 +92,22 @@ std::string_view trimmed(std::string_view text) {
 
 constexpr std::uint32_t plain_nan = 0x7FC00000;
 
-std::string format_number(float value) {
-    if (std::isnan(value)) {
-        const auto bits = std::bit_cast<std::uint32_t>(value);
-        if (bits == plain_nan) return "nan";
-        char digits[8];
-        return "nan:" + std::string(digits, std::to_chars(digits, digits + sizeof digits, bits, 16).ptr);
-    }
+void append_number(std::string& out, float value) {
     char buffer[32];
-    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+    if (!std::isnan(value)) {
+        out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+        return;
+    }
+    out += "nan";
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    if (bits == plain_nan) return;
+    out += ':';
+    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, bits, 16).ptr);
 }
-std::string format_number(std::int32_t value) { return std::to_string(value); }
+void append_number(std::string& out, std::int32_t value) {
+    char buffer[16];
+    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
 
 bool parse_number(std::string_view text, std::int32_t& value) {
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -125,11 +132,10 @@ bool parse_number(std::string_view text, float& value) {
     return read.ec == std::errc() && read.ptr == end && !named;
 }
 
-template <class... Numbers>
-std::string joined(const Numbers&... numbers) {
-    std::string text;
-    ((text += text.empty() ? "" : " ", text += format_number(numbers)), ...);
-    return text;
+template <class First, class... Rest>
+void append_numbers(std::string& out, const First& first, const Rest&... rest) {
+    append_number(out, first);
+    ((out += ' ', append_number(out, rest)), ...);
 }
 
 bool next_word(std::string_view& rest, std::string_view& word) {
@@ -187,17 +193,24 @@ std::optional<std::wstring> from_xml_text(std::string_view bytes, bool escaped) 
     return out;
 }
 
-std::string format_value(const PropertyValue& value) {
+void append_value(std::string& out, const PropertyValue& value) {
     struct Formatter {
-        std::string operator()(int v) const { return joined(v); }
-        std::string operator()(StoredBool v) const { return joined(v.value); }
-        std::string operator()(float v) const { return joined(v); }
-        std::string operator()(const CRect& v) const { return joined(v.left, v.top, v.right, v.bottom); }
-        std::string operator()(const VEC3& v) const { return joined(v.x, v.y, v.z); }
-        std::string operator()(const VEC4& v) const { return joined(v.x, v.y, v.z, v.w); }
-        std::string operator()(const tstringW& v) const { return to_utf8(v); }
+        std::string& out;
+        void operator()(int v) const { append_numbers(out, v); }
+        void operator()(StoredBool v) const { append_numbers(out, v.value); }
+        void operator()(float v) const { append_numbers(out, v); }
+        void operator()(const CRect& v) const { append_numbers(out, v.left, v.top, v.right, v.bottom); }
+        void operator()(const VEC3& v) const { append_numbers(out, v.x, v.y, v.z); }
+        void operator()(const VEC4& v) const { append_numbers(out, v.x, v.y, v.z, v.w); }
+        void operator()(const tstringW& v) const { out += to_utf8(v); }
     };
-    return std::visit(Formatter{}, value);
+    std::visit(Formatter{out}, value);
+}
+
+std::string format_value(const PropertyValue& value) {
+    std::string text;
+    append_value(text, value);
+    return text;
 }
 
 std::optional<PropertyValue> parse_value(std::string_view text, const PropertyValue& kind) {
@@ -236,17 +249,44 @@ std::optional<long long> parse_whole_number(std::string_view text) {
     return value;
 }
 
-std::string format_guid(const CGuid& id) { return to_utf8(id.to_text()); }
+std::string format_guid(const CGuid& id) {
+    const std::wstring text = id.to_text();
+    std::string narrow(text.size(), '\0');
+    std::transform(text.begin(), text.end(), narrow.begin(), [](wchar_t c) { return static_cast<char>(c); });
+    return narrow;
+}
 
 std::optional<CGuid> parse_guid(std::string_view text) {
-    const CGuid id(from_utf8(text).c_str());
+    wchar_t wide[guid_text::length + 1] = {};
+    if (text.size() != guid_text::length) return {};
+    std::transform(text.begin(), text.end(), wide, [](char c) { return static_cast<unsigned char>(c); });
+    const CGuid id(wide);
     const bool really_zero = text == "00000000-0000-0000-0000-000000000000";
     if (id.is_empty() && !really_zero) return {};
     return id;
 }
 
+namespace {
+
+// True if each of the eight bytes is a printable character of ASCII other than the one that begins a reference.
+bool are_plain(const char* bytes) {
+    constexpr std::uint64_t ones = 0x0101010101010101u;
+    constexpr std::uint64_t tops = ones * 0x80;
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    const std::uint64_t ampersands = word ^ (ones * '&');
+    const std::uint64_t wrong = word | (word - ones * 0x20) | ((ampersands - ones) & ~ampersands);
+    return (wrong & tops) == 0;
+}
+
+}  // namespace
+
 std::size_t first_bad_byte(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
+        if (text.size() - at >= 8 && are_plain(text.data() + at)) {
+            at += 8;
+            continue;
+        }
         std::uint32_t code = 0;
         const std::size_t length = read_utf8(text.substr(at), code);
         if (length == 0 || !is_xml_character(code)) return at;

@@ -22,6 +22,7 @@ XmlText to_xml_text(std::wstring_view text);
 std::optional<std::wstring> from_xml_text(std::string_view bytes, bool escaped);
 
 /// Any value but a text. The shortest form that reads back bit for bit.
+void append_value(std::string& out, const PropertyValue& value);
 std::string format_value(const PropertyValue& value);
 /// A value of the same kind as `kind`; empty if the text is none.
 std::optional<PropertyValue> parse_value(std::string_view text, const PropertyValue& kind);

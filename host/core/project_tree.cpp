@@ -1,5 +1,6 @@
 #include "host/core/project_tree.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -33,6 +34,16 @@ const KindRow* find_kind(pak_node_type type) {
     for (const KindRow& row : kind_rows)
         if (row.type == type) return &row;
     return nullptr;
+}
+
+// Beyond so many properties a search through them costs more than an index.
+constexpr std::size_t most_searched = 64;
+
+std::uint64_t key_bit(std::string_view key) {
+    if (key.empty()) return 1;
+    const auto byte = [key](std::size_t at) { return static_cast<unsigned char>(key[at]); };
+    const unsigned mixed = byte(key.size() - 1) * 5u + byte(key.size() / 2) * 3u + static_cast<unsigned>(key.size());
+    return std::uint64_t{1} << (mixed & 63);
 }
 
 }  // namespace
@@ -83,8 +94,12 @@ bool ProjectNode::get_string_property(const char* key, tstringW& text) {
 
 ProjectNode& ProjectNode::add(std::string name) {
     m_owned.push_back(std::make_unique<ProjectNode>(std::move(name)));
-    m_children.push_back(m_owned.back().get());
     return *m_owned.back();
+}
+
+const std::list<pack_node*>* ProjectNode::get_children() const {
+    for (std::size_t at = m_children.size(); at < m_owned.size(); ++at) m_children.push_back(m_owned[at].get());
+    return &m_children;
 }
 
 ProjectNode* ProjectNode::child(std::string_view name) const {
@@ -94,23 +109,41 @@ ProjectNode* ProjectNode::child(std::string_view name) const {
 }
 
 bool ProjectNode::set(std::string key, PropertyValue value) {
-    const auto known = m_index.find(key);
-    if (known != m_index.end()) {
-        m_properties[known->second].value = std::move(value);
+    const std::size_t known = place_of(key);
+    if (known < m_properties.size()) {
+        m_properties[known].value = std::move(value);
         return false;
     }
+    m_key_bits |= key_bit(key);
+    if (m_index) {
+        m_index->emplace(key, known);
+    } else if (known == most_searched) {
+        m_index = std::make_unique<decltype(m_index)::element_type>();
+        for (std::size_t at = 0; at < known; ++at) m_index->emplace(m_properties[at].key, at);
+        m_index->emplace(key, known);
+    }
     m_properties.push_back({std::move(key), std::move(value)});
-    m_index.emplace(m_properties.back().key, m_properties.size() - 1);
     return true;
 }
 
+std::size_t ProjectNode::place_of(std::string_view key) const {
+    const std::size_t none = m_properties.size();
+    if ((m_key_bits & key_bit(key)) == 0) return none;
+    if (m_index) {
+        const auto known = m_index->find(key);
+        return known == m_index->end() ? none : known->second;
+    }
+    const auto known = std::find_if(m_properties.begin(), m_properties.end(),
+                                    [key](const Property& property) { return property.key == key; });
+    return static_cast<std::size_t>(known - m_properties.begin());
+}
+
 const PropertyValue* ProjectNode::find(std::string_view key) const {
-    // Readers ask in the order of writing, so the property behind the last one found is the likely answer.
-    if (m_next < m_properties.size() && m_properties[m_next].key == key) return &m_properties[m_next++].value;
-    const auto known = m_index.find(key);
-    if (known == m_index.end()) return nullptr;
-    m_next = known->second + 1;
-    return &m_properties[known->second].value;
+    const bool guessed = m_next < m_properties.size() && m_properties[m_next].key == key;
+    const std::size_t place = guessed ? m_next : place_of(key);
+    if (place == m_properties.size()) return nullptr;
+    m_next = place + 1;
+    return &m_properties[place].value;
 }
 
 }  // namespace host

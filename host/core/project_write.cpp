@@ -7,43 +7,34 @@
 namespace host {
 namespace {
 
-// Line breaks and tabs of an attribute survive only as references; a carriage return never survives as itself.
-std::string xml_escaped(std::string_view text, bool in_attribute) {
-    std::string out;
-    out.reserve(text.size());
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                out += "&amp;";
-                break;
-            case '<':
-                out += "&lt;";
-                break;
-            case '>':
-                out += "&gt;";
-                break;
-            case '\r':
-                out += "&#13;";
-                break;
-            case '"':
-                out += in_attribute ? "&quot;" : "\"";
-                break;
-            case '\n':
-                out += in_attribute ? "&#10;" : "\n";
-                break;
-            case '\t':
-                out += in_attribute ? "&#9;" : "\t";
-                break;
-            default:
-                out += c;
-        }
+// What a character stands as in a file; null for one that stands for itself. Line breaks and tabs of an attribute
+// survive only as references; a carriage return never survives as itself.
+const char* reference_for(char c, bool in_attribute) {
+    switch (c) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '\r':
+            return "&#13;";
+        case '"':
+            return in_attribute ? "&quot;" : nullptr;
+        case '\n':
+            return in_attribute ? "&#10;" : nullptr;
+        case '\t':
+            return in_attribute ? "&#9;" : nullptr;
+        default:
+            return nullptr;
     }
-    return out;
 }
 
 class Writer {
 public:
     std::string write(const ProjectDocument& document) {
+        constexpr std::size_t usual_item = 2048;
+        m_out.reserve(document.items.size() * usual_item);
         m_out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project version=\"1\">\n";
         m_depth = 1;
         open_section("modules");
@@ -53,32 +44,51 @@ public:
         for (const ProjectItem& item : document.items) write_item(item);
         close("items");
         if (!document.animations.empty()) write_animations(document.animations);
-        return m_out + "</project>\n";
+        m_out += "</project>\n";
+        return std::move(m_out);
     }
 
 private:
+    // Piece by piece: no text is put together elsewhere first.
+    template <class... Pieces>
+    void add(Pieces... pieces) {
+        (m_out.append(std::string_view(pieces)), ...);
+    }
+    void add_escaped(std::string_view text, bool in_attribute) {
+        constexpr std::string_view special = "&<>\r\"\n\t";
+        for (std::size_t at = text.find_first_of(special); at != std::string_view::npos;
+             at = text.find_first_of(special)) {
+            const char* reference = reference_for(text[at], in_attribute);
+            add(text.substr(0, at), reference ? std::string_view(reference) : text.substr(at, 1));
+            text.remove_prefix(at + 1);
+        }
+        add(text);
+    }
     void indent() { m_out.append(m_depth * 2, ' '); }
     void open_section(const char* name) {
         indent();
-        m_out += std::string("<") + name + ">\n";
+        add("<", name, ">\n");
         ++m_depth;
     }
     void close(const char* name) {
         --m_depth;
         indent();
-        m_out += std::string("</") + name + ">\n";
+        add("</", name, ">\n");
     }
     void attribute(const char* name, std::string_view value) {
-        m_out += std::string(" ") + name + "=\"" + xml_escaped(value, true) + "\"";
+        add(" ", name, "=\"");
+        add_escaped(value, true);
+        add("\"");
     }
     void text_attribute(const char* name, const XmlText& text) {
         attribute(text.escaped ? (std::string(name) + "-escaped").c_str() : name, text.bytes);
     }
     // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
     void key_attribute(const char* name, const std::string& key) {
-        if (first_bad_byte(xml_escaped(key, true)) != std::string::npos)
-            throw std::invalid_argument("the " + std::string(name) + " \"" + key + "\" cannot stand in a project file");
+        const std::size_t begin = m_out.size();
         attribute(name, key);
+        if (first_bad_byte(std::string_view(m_out).substr(begin)) != std::string::npos)
+            throw std::invalid_argument("the " + std::string(name) + " \"" + key + "\" cannot stand in a project file");
     }
 
     void write_item(const ProjectItem& item) {
@@ -151,18 +161,22 @@ private:
     void write_property(const Property& property) {
         const char* kind = kind_name(property.value);
         indent();
-        m_out += std::string("<") + kind;
+        add("<", kind);
         key_attribute("key", property.key);
         const tstringW* text = std::get_if<tstringW>(&property.value);
         if (!text) {
-            attribute("value", format_value(property.value));
-            m_out += "/>\n";
+            // No number needs an escape.
+            add(" value=\"");
+            append_value(m_out, property.value);
+            add("\"/>\n");
             return;
         }
         const XmlText xml = to_xml_text(*text);
         // Several lines, such as scripts, are for people to read, so they keep their lines.
         if (!xml.escaped && xml.bytes.find('\n') != std::string::npos) {
-            m_out += ">" + xml_escaped(xml.bytes, false) + "</text>\n";
+            add(">");
+            add_escaped(xml.bytes, false);
+            add("</text>\n");
             return;
         }
         text_attribute("value", xml);

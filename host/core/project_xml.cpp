@@ -1,7 +1,6 @@
 #include "host/core/project_xml.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include "host/core/project_text.h"
@@ -37,16 +36,18 @@ void check_no_text(const pugi::xml_node& node) {
 }
 
 void check_attributes(const pugi::xml_node& node, std::initializer_list<std::string_view> known) {
-    std::set<std::string_view> seen;
+    unsigned seen = 0;
     for (const pugi::xml_attribute& attribute : node.attributes()) {
         const std::string_view name = attribute.name();
-        if (std::find(known.begin(), known.end(), name) == known.end()) {
+        const auto row = std::find(known.begin(), known.end(), name);
+        if (row == known.end()) {
             std::string expected;
             for (std::string_view word : known) expected.append(expected.empty() ? "" : ", ").append(word);
             fail(node, std::string("unknown attribute of <") + node.name() + ">", quoted(name), expected);
         }
-        if (!seen.insert(name).second)
-            fail(node, std::string("attribute of <") + node.name() + "> twice", quoted(name), "it once");
+        const unsigned bit = 1u << (row - known.begin());
+        if (seen & bit) fail(node, std::string("attribute of <") + node.name() + "> twice", quoted(name), "it once");
+        seen |= bit;
     }
 }
 

@@ -12,7 +12,7 @@ class Scene;
 /// One node of the scene tree; holds its item. Made and destroyed by its scene alone.
 class Actor final : public IActor {
 public:
-    Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& id);
+    Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& id, const tstringW& name);
     Actor(const Actor&) = delete;
     Actor& operator=(const Actor&) = delete;
 
@@ -34,11 +34,17 @@ public:
     const std::list<Actor*>& children() const { return m_children; }
     /// False between Scene::remove and Scene::restore. Says nothing of the actors above.
     bool is_in_scene() const { return m_in_scene; }
+    /// Of the item, also while that is on its way out.
+    unsigned long type() const { return m_type; }
     /// Counts up with each actor that the scene makes.
     std::uint64_t serial() const { return m_serial; }
 
 private:
     friend class Scene;
+    // At the front, since each frame asks every actor for it.
+    bool m_visible = true;
+    bool m_in_scene = true;
+    int m_flag = 0;
     Scene& m_scene;
     CMyComPtr<IBaseItem> m_item;
     // Kept apart from the item, since the index must be found again when the item is half destroyed.
@@ -48,9 +54,10 @@ private:
     tstringW m_name;
     Actor* m_parent = nullptr;
     std::list<Actor*> m_children;
-    int m_flag = 0;
-    bool m_visible = true;
-    bool m_in_scene = true;
+    /// Among the children of the parent, while there is one.
+    std::list<Actor*>::iterator m_place;
+    /// Where the scene keeps it.
+    std::list<Actor>::iterator m_self;
 };
 
 }  // namespace host

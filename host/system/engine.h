@@ -4,10 +4,10 @@
 // A program (player, scenario, test) holds one Engine and a device that outlives it.
 
 #include <functional>
-#include <map>
 #include <memory>
-#include <set>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "engine/engine_system.h"
@@ -134,8 +134,8 @@ private:
     void create_animation(const ProjectAnimation& stored, load_operation& operation);
     void save_modules(ProjectDocument& document, const save_operation& operation);
     struct SavedIds {
-        std::set<CGuid> used;
-        std::map<const IActor*, CGuid> of_actor;
+        std::unordered_set<CGuid, IdHash> used;
+        std::unordered_map<const IActor*, CGuid> of_actor;
     };
     void save_item(const Actor& actor, SavedIds& ids, ProjectDocument& document, const save_operation& operation);
     void save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation);

@@ -1,7 +1,7 @@
 // How the engine opens and saves projects.
 
 #include <algorithm>
-#include <set>
+#include <unordered_set>
 #include <utility>
 
 #include "host/core/item_store.h"
@@ -129,14 +129,11 @@ void Engine::fill(const ProjectDocument& document, const std::string& path) {
 void Engine::create_item(const ProjectItem& stored, load_operation& operation) {
     const CMyComPtr<IBaseItem> item(find_item_kind(stored.type)->creator(this));
     IActor* parent = stored.parent.is_empty() ? nullptr : m_scene.search_actor_by_guid(stored.parent);
-    IActor* made = m_scene.create_actor(item.get(), parent, 1);
-    if (!made) {
+    Actor* actor = m_scene.create_actor_as(item.get(), parent, stored.id, stored.name.c_str());
+    if (!actor) {
         m_warnings.push_back(to_utf8(stored.name) + ": the item could not be made");
         return;
     }
-    auto* actor = static_cast<Actor*>(made);
-    actor->set_id(stored.id);
-    actor->set_name(stored.name.c_str(), false);
     actor->set_visible(stored.visible);
     actor->set_flag(stored.flag);
     operation.owner_id = stored.id;
@@ -215,9 +212,11 @@ void Engine::save_item(const Actor& actor, SavedIds& ids, ProjectDocument& docum
 // In the order of creation, which modules keep as the order of their own lists; an actor that hangs below a later one
 // waits for it.
 void Engine::save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
-    std::set<const Actor*> done;
+    std::unordered_set<const Actor*> done;
+    std::vector<const Actor*> above;
+    document.items.reserve(m_scene.size());
     for (const Actor* actor : m_scene.actors()) {
-        std::vector<const Actor*> above;
+        above.clear();
         for (const Actor* at = actor; at && done.insert(at).second; at = static_cast<const Actor*>(at->get_parent()))
             above.push_back(at);
         for (auto next = above.rbegin(); next != above.rend(); ++next) save_item(**next, ids, document, operation);

@@ -1,8 +1,8 @@
 #include "host/system/scene.h"
 
+#include <array>
 #include <cstring>
 #include <functional>
-#include <random>
 
 #include "engine/numbers.h"
 #include "host/core/item_store.h"
@@ -13,11 +13,11 @@ void CSceneManager::regist_item(unsigned long type, tstringW name, item_creator 
 
 namespace host {
 
-std::size_t TypedNameHash::operator()(const TypedNameView& key) const {
+std::size_t TypedNameHash::operator()(const TypedName& key) const {
     return std::hash<std::wstring_view>()(key.name) ^ (std::hash<unsigned long>()(key.type) * 0x9E3779B97F4A7C15u);
 }
 
-std::size_t GuidHash::operator()(const CGuid& id) const {
+std::size_t IdHash::operator()(const CGuid& id) const {
     const auto* bytes = reinterpret_cast<const char*>(id.bytes());
     return std::hash<std::string_view>()({bytes, sizeof id});
 }
@@ -29,18 +29,25 @@ void Scene::add_property_item(IBaseItem* item, tstringW name) {
 }
 
 IBaseItem* Scene::search_item_by_name(const tstringW& name, unsigned long type) {
-    const Actor* actor = m_by_name.find(TypedNameView(type, name));
+    const Actor* actor = m_by_name.find(TypedName{type, name});
     return actor ? actor->get_item() : nullptr;
 }
 
 IActor* Scene::search_actor_by_guid(const CGuid& id) { return m_by_id.find(id); }
 
+bool Scene::can_carry(const IBaseItem* item, const IActor* parent) const {
+    return item && !item->m_actor && (!parent || holds(parent));
+}
+
 IActor* Scene::create_actor(IBaseItem* item, IActor* parent, int) {
-    if (!item || item->m_actor || (parent && !holds(parent))) return nullptr;
+    return can_carry(item, parent) ? create_actor_as(item, parent, new_id(), {}) : nullptr;
+}
+
+Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, const tstringW& name) {
+    if (!can_carry(item, parent)) return nullptr;
     const std::uint64_t serial = m_next_serial++;
-    auto owned = std::make_unique<Actor>(*this, item, serial, new_id());
-    Actor& actor = *owned;
-    m_actors.emplace(serial, std::move(owned));
+    Actor& actor = m_actors.emplace_back(*this, item, serial, id, name);
+    actor.m_self = std::prev(m_actors.end());
     m_alive.emplace(&actor, &actor);
     link(actor, parent ? m_alive.at(parent) : nullptr);
     enter_indexes(actor);
@@ -85,7 +92,8 @@ void Scene::destroy_one(Actor& actor) {
     unlink(actor);
     m_alive.erase(&actor);
     // The actor itself outlives its item: the item may ask it for its name while it goes.
-    const auto node = m_actors.extract(actor.m_serial);
+    std::list<Actor> going;
+    going.splice(going.begin(), m_actors, actor.m_self);
     CMyComPtr<IBaseItem> item = actor.m_item;
     actor.m_item = {};
     if (IBaseItem* carried = item.get()) {
@@ -125,22 +133,30 @@ void Scene::tell(unsigned long id, std::list<IActor*>& actors) {
 }
 
 void Scene::clear() {
-    while (!m_actors.empty()) destroy_tree(std::prev(m_actors.end())->second.get());
+    while (!m_actors.empty()) destroy_tree(&m_actors.back());
 }
 
 Actor* Scene::find_any(const CGuid& id) const {
     if (Actor* present = m_by_id.find(id)) return present;
     // Only those that are out of the scene are not in the index.
-    for (const auto& entry : m_actors)
-        if (entry.second->m_id == id) return entry.second.get();
+    for (const Actor& actor : m_actors)
+        if (actor.m_id == id) return &*actor.m_self;
     return nullptr;
 }
 
 std::vector<Actor*> Scene::actors() const {
     std::vector<Actor*> all;
     all.reserve(m_actors.size());
-    for (const auto& entry : m_actors) all.push_back(entry.second.get());
+    for (const Actor& actor : m_actors) all.push_back(&*actor.m_self);
     return all;
+}
+
+std::mt19937_64 Scene::seeded_random() {
+    std::random_device machine;
+    std::array<std::uint32_t, 8> words;
+    for (std::uint32_t& word : words) word = machine();
+    std::seed_seq seed(words.begin(), words.end());
+    return std::mt19937_64(seed);
 }
 
 void Scene::use_counted_ids() {
@@ -159,9 +175,8 @@ CGuid Scene::new_id() {
                 id.Data4[7 - byte] = static_cast<std::uint8_t>(m_next_id >> (byte * 8));
             ++m_next_id;
         } else {
-            std::random_device random;
-            const std::uint32_t words[4] = {random(), random(), random(), random()};
-            std::memcpy(&id, words, sizeof id);
+            const std::uint64_t halves[2] = {m_random(), m_random()};
+            std::memcpy(&id, halves, sizeof id);
             id.Data3 = static_cast<std::uint16_t>((id.Data3 & 0x0FFF) | 0x4000);
             id.Data4[0] = static_cast<std::uint8_t>((id.Data4[0] & 0x3F) | 0x80);
         }
@@ -171,26 +186,26 @@ CGuid Scene::new_id() {
 
 void Scene::enter_indexes(Actor& actor) {
     if (!holds(&actor)) return;
-    m_by_any_name.add(actor.m_name, actor.m_serial, &actor);
+    m_by_any_name.add(&actor);
     if (!actor.m_in_scene) return;
-    m_by_name.add({actor.m_type, actor.m_name}, actor.m_serial, &actor);
-    m_by_id.add(actor.m_id, actor.m_serial, &actor);
+    m_by_name.add(&actor);
+    m_by_id.add(&actor);
 }
 
 void Scene::leave_indexes(Actor& actor) {
-    m_by_name.remove({actor.m_type, actor.m_name}, actor.m_serial);
-    m_by_id.remove(actor.m_id, actor.m_serial);
-    m_by_any_name.remove(actor.m_name, actor.m_serial);
+    m_by_name.remove(&actor);
+    m_by_id.remove(&actor);
+    m_by_any_name.remove(&actor);
 }
 
 void Scene::unlink(Actor& actor) {
-    if (actor.m_parent) actor.m_parent->m_children.remove(&actor);
+    if (actor.m_parent) actor.m_parent->m_children.erase(actor.m_place);
     actor.m_parent = nullptr;
 }
 
 void Scene::link(Actor& actor, Actor* parent) {
     actor.m_parent = parent;
-    if (parent) parent->m_children.push_back(&actor);
+    if (parent) actor.m_place = parent->m_children.insert(parent->m_children.end(), &actor);
 }
 
 }  // namespace host

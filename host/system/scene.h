@@ -4,8 +4,9 @@
 // through the messages that it sends.
 
 #include <functional>
-#include <map>
+#include <list>
 #include <memory>
+#include <random>
 #include <string_view>
 #include <vector>
 
@@ -18,31 +19,24 @@ namespace host {
 
 /// Item type and name together: of each type there may be an item of the same name.
 struct TypedName {
-    unsigned long type = 0;
-    std::wstring name;
-};
-struct TypedNameView {
-    TypedNameView(unsigned long type_, std::wstring_view name_) : type(type_), name(name_) {}
-    TypedNameView(const TypedName& whole) : type(whole.type), name(whole.name) {}
     unsigned long type;
     std::wstring_view name;
+    friend bool operator==(const TypedName&, const TypedName&) = default;
+};
+struct TypedNameOf {
+    TypedName operator()(const Actor& actor) const { return {actor.type(), actor.get_name()}; }
 };
 struct TypedNameHash {
-    using is_transparent = void;
-    std::size_t operator()(const TypedNameView& key) const;
+    std::size_t operator()(const TypedName& key) const;
 };
-struct TypedNameEqual {
-    using is_transparent = void;
-    bool operator()(const TypedNameView& a, const TypedNameView& b) const {
-        return a.type == b.type && a.name == b.name;
-    }
+struct IdOf {
+    CGuid operator()(const Actor& actor) const { return actor.get_id(); }
 };
-struct GuidHash {
+struct IdHash {
     std::size_t operator()(const CGuid& id) const;
 };
-struct NameHash {
-    using is_transparent = void;
-    std::size_t operator()(std::wstring_view name) const { return std::hash<std::wstring_view>()(name); }
+struct NameOf {
+    std::wstring_view operator()(const Actor& actor) const { return actor.get_name(); }
 };
 
 /// A global item that the author edits. No module frees it: the list holds it.
@@ -65,6 +59,8 @@ public:
     IActor* search_actor_by_guid(const CGuid& id) override;
     /// Null for a null item, an item that has an actor already, or a parent of another scene.
     IActor* create_actor(IBaseItem* item, IActor* parent, int) override;
+    /// The same with an identifier and a name of the caller's choice from the start.
+    Actor* create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, const tstringW& name);
     /// The actors below go with it, each ahead of the one above it. Null, and an actor that is no more, are passed
     /// over.
     void delete_actor(IActor* actor) override;
@@ -103,6 +99,8 @@ public:
 
 private:
     friend class Actor;
+    bool can_carry(const IBaseItem* item, const IActor* parent) const;
+    static std::mt19937_64 seeded_random();
     void enter_indexes(Actor& actor);
     void leave_indexes(Actor& actor);
     void destroy_tree(IActor* actor);
@@ -114,18 +112,20 @@ private:
 
     MessageManager& m_messages;
     SelectionManager& m_selection;
-    // By serial: the order of creation.
-    std::map<std::uint64_t, std::unique_ptr<Actor>> m_actors;
+    // In the order of creation.
+    std::list<Actor> m_actors;
     // Interfaces to actors, so that a pointer from outside is checked ahead of use.
     std::unordered_map<const IActor*, Actor*> m_alive;
-    EarliestIndex<TypedName, Actor, TypedNameHash, TypedNameEqual> m_by_name;
-    EarliestIndex<CGuid, Actor, GuidHash> m_by_id;
+    EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
+    EarliestIndex<Actor, IdOf, IdHash> m_by_id;
     // The others hold what is in the scene; this one all that lives.
-    EarliestIndex<std::wstring, Actor, NameHash> m_by_any_name;
+    EarliestIndex<Actor, NameOf, std::hash<std::wstring_view>> m_by_any_name;
     std::vector<PropertyItem> m_property_items;
     std::uint64_t m_next_serial = 1;
     std::uint64_t m_next_id = 1;
     bool m_counted_ids = false;
+    /// Seeded by the machine once: asking it for each identifier costs more than all the rest of an item.
+    std::mt19937_64 m_random = seeded_random();
 };
 
 }  // namespace host

@@ -1,5 +1,7 @@
 #include "animation/anim_node.h"
 
+#include <iterator>
+
 #include "animation/animated_item.h"
 #include "animation/interpolation.h"
 #include "animation/near_keys.h"
@@ -36,12 +38,20 @@ VEC2 offset_at(const NearKeys<SGuiOffset>& keys, const NearKeys<SGuiAlign>& alig
 
 }  // namespace
 
+// One pass over the tracks; of two of one type the first counts, as for get_track.
+void CSimpleGUIAnimNode::find_tracks() {
+    ITrack** const places[] = {&m_offset_track, &m_size_track, &m_visible_track, &m_align_track, &m_color_track};
+    static_assert(std::size(places) == std::size(track_types));
+    for (ITrack** place : places) *place = nullptr;
+    for (ITrack* track : m_tracks) {
+        // A type below the first wraps around to a great number.
+        const unsigned place = static_cast<unsigned>(track->get_track_type()) - TRACK_TYPE_OFFSET;
+        if (place < std::size(places) && !*places[place]) *places[place] = track;
+    }
+}
+
 void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
-    m_offset_track = get_track(TRACK_TYPE_OFFSET);
-    m_size_track = get_track(TRACK_TYPE_SIZE);
-    m_visible_track = get_track(TRACK_TYPE_VISIBLE);
-    m_align_track = get_track(TRACK_TYPE_ALIGN);
-    m_color_track = get_track(TRACK_TYPE_COLOR);
+    find_tracks();
     const auto offsets = near_keys<SGuiOffset>(m_offset_track, context);
     const auto sizes = near_keys<SGuiSize>(m_size_track, context);
     const auto visibles = near_keys<SGuiVisible>(m_visible_track, context);

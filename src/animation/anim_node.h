@@ -39,6 +39,8 @@ public:
     CSimpleGUIManager* m_manager;
 
 private:
+    /// Fills the cache above anew.
+    void find_tracks();
     /// Tracks that the base class has let go of since are no longer remembered.
     void forget_lost_tracks();
 };

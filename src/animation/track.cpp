@@ -64,12 +64,27 @@ const std::vector<IKey*>& TBaseTrack<T>::keys() {
 
 // A moment in a sorted track is found by halving. A track can be in any order while it is read or edited, and then the
 // walk decides which of several keys is meant.
+
+// The place of the first key of a sorted track of which `holds` is false. There is one such place, so that a look at
+// the last one found, or the one behind it, may answer.
+template <class T>
+template <class Condition>
+std::size_t TBaseTrack<T>::halved(Condition holds) {
+    const std::size_t size = m_keys.size();
+    for (std::size_t place = m_last_place; place <= size && place <= m_last_place + 1; ++place) {
+        if ((place == 0 || holds(m_keys[place - 1])) && (place == size || !holds(m_keys[place])))
+            return m_last_place = place;
+    }
+    const auto found = std::partition_point(m_keys.begin(), m_keys.end(), holds);
+    return m_last_place = static_cast<std::size_t>(found - m_keys.begin());
+}
+
 template <class T>
 template <class Condition>
 std::size_t TBaseTrack<T>::first_with(Condition condition) {
     const auto fails = [&](const IKey* key) { return !condition(*key); };
-    const auto found = is_searchable() ? std::partition_point(keys().begin(), m_keys.cend(), fails)
-                                       : std::find_if_not(keys().begin(), m_keys.cend(), fails);
+    if (is_searchable()) return halved(fails);
+    const auto found = std::find_if_not(keys().begin(), m_keys.cend(), fails);
     return static_cast<std::size_t>(found - m_keys.cbegin());
 }
 
@@ -77,8 +92,8 @@ template <class T>
 template <class Condition>
 std::size_t TBaseTrack<T>::behind_last_with(Condition condition) {
     const auto holds = [&](const IKey* key) { return condition(*key); };
-    const auto found = is_searchable() ? std::partition_point(keys().begin(), m_keys.cend(), holds)
-                                       : std::find_if(keys().rbegin(), m_keys.crend(), holds).base();
+    if (is_searchable()) return halved(holds);
+    const auto found = std::find_if(keys().rbegin(), m_keys.crend(), holds).base();
     return static_cast<std::size_t>(found - m_keys.cbegin());
 }
 

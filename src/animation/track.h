@@ -76,6 +76,8 @@ private:
     void place_key(std::size_t place, IKey* key);
     /// The place of the first key that meets a condition which, once it holds in the order of time, goes on holding.
     template <class Condition>
+    std::size_t halved(Condition holds);
+    template <class Condition>
     std::size_t first_with(Condition condition);
     /// The place behind the last key that meets a condition which, once it fails in the order of time, goes on failing.
     template <class Condition>
@@ -84,6 +86,8 @@ private:
     std::vector<IKey*> m_keys;
     // The times ascend, as far as this class has seen to it.
     bool m_sorted = true;
+    // Where the last search ended: the next moment of a play lies there or one on.
+    std::size_t m_last_place = 0;
     // Somebody outside holds the list and may change it.
     bool m_lent = false;
     float m_time_tolerance = time_tolerance;

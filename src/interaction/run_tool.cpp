@@ -1,6 +1,10 @@
 #include "interaction/run_tool.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "interaction/hover.h"
+#include "layout/approach.h"
 #include "layout/item_list.h"
 #include "layout/shape.h"
 #include "layout/shown.h"
@@ -29,32 +33,41 @@ bool has_any_script(const CSimpleGUIShape& shape) {
 }
 
 // Whether the mouse can meet the shape at all. What is drawn plays no part but for the two actors' visibility.
-bool takes_part(const CSimpleGUIShape* shape) {
-    return shape && shape->m_in_scene && is_shown(shape->m_actor) && shape->m_parent_dialog &&
-           is_shown(shape->m_parent_dialog->m_actor);
+bool takes_part(const CSimpleGUIShape& shape) {
+    return shape.m_in_scene && is_shown(shape.m_actor) && shape.m_parent_dialog &&
+           is_shown(shape.m_parent_dialog->m_actor);
 }
 
 // The script is held while it runs, for it may destroy the shape that it belongs to.
 void run_script(CMyComPtr<IScriptFunction> script) { script->run(); }
 
-// Visits the shapes that the mouse can meet, the one made last first, each tested when the walk arrives at it. Ends
-// early when `visit` gives false or a script has ended the run.
+// Visits the shapes that the mouse can meet, the one made last first, each tested when the walk arrives at it. Those
+// that are not under the pointer and in one of the quiet modes would be visited for nothing, and telling them is
+// cheaper than asking whether they take part. Ends early when `visit` gives false or a script has ended the run.
 template <class Visit>
-void walk_shapes(CSimpleGUIManager& manager, Visit visit) {
+void walk_shapes(CSimpleGUIManager& manager, CPoint position, std::initializer_list<int> quiet_modes, Visit visit) {
     const unsigned run = run_count;
     using Walk = ItemList<CSimpleGUIShape>::Walk;
     Walk walk(manager.m_shapes, Walk::BACK_TO_FRONT);
     CSimpleGUIShape* shape = nullptr;
     while (run == run_count && walk.next(shape)) {
-        if (takes_part(shape) && !visit(*shape)) return;
+        if (const CSimpleGUIShape* ahead = walk.ahead(fetch_distance)) {
+            fetch(&ahead->m_rect);
+            fetch(&ahead->m_texture_mode);
+        }
+        if (!shape) continue;
+        const bool inside = contains(shape->get_rect(), position);
+        if (!inside && std::find(quiet_modes.begin(), quiet_modes.end(), shape->m_texture_mode) != quiet_modes.end())
+            continue;
+        if (takes_part(*shape) && !visit(*shape, inside)) return;
     }
 }
 
 // A press sinks through shapes without a script, leaving each of them pressed, down to the first that has one.
 bool press(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
     bool ran = false;
-    walk_shapes(manager, [&](CSimpleGUIShape& shape) {
-        if (!contains(shape.get_rect(), position)) return true;
+    walk_shapes(manager, position, {MODE_NORMAL, MODE_HOVER, MODE_DOWN}, [&](CSimpleGUIShape& shape, bool inside) {
+        if (!inside) return true;
         shape.set_texture_mode(MODE_DOWN);
         if (!shape.m_is_usable || !(shape.*script)) return true;
         ran = true;
@@ -66,8 +79,7 @@ bool press(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
 
 // A release ends the pressed look everywhere and runs the scripts of all shapes under the pointer.
 void release(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
-    walk_shapes(manager, [&](CSimpleGUIShape& shape) {
-        const bool inside = contains(shape.get_rect(), position);
+    walk_shapes(manager, position, {MODE_NORMAL}, [&](CSimpleGUIShape& shape, bool inside) {
         shape.set_texture_mode(inside ? MODE_HOVER : MODE_NORMAL);
         if (inside && shape.m_is_usable && shape.*script) run_script(shape.*script);
         return true;
@@ -78,9 +90,9 @@ void release(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
 // nearest to the front of the list.
 CSimpleGUIShape* light_shapes(CSimpleGUIManager& manager, CPoint position) {
     CSimpleGUIShape* hover = nullptr;
-    walk_shapes(manager, [&](CSimpleGUIShape& shape) {
-        if (!contains(shape.get_rect(), position)) {
-            if (shape.m_texture_mode != MODE_DOWN) shape.set_texture_mode(MODE_NORMAL);
+    walk_shapes(manager, position, {MODE_NORMAL, MODE_DOWN}, [&](CSimpleGUIShape& shape, bool inside) {
+        if (!inside) {
+            shape.set_texture_mode(MODE_NORMAL);
             return true;
         }
         if (shape.m_texture_mode == MODE_NORMAL) shape.set_texture_mode(MODE_HOVER);

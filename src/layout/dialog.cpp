@@ -1,5 +1,6 @@
 #include "layout/dialog.h"
 
+#include "layout/approach.h"
 #include "layout/element.h"
 #include "layout/shape.h"
 #include "module/manager.h"
@@ -97,7 +98,16 @@ void CSimpleGUIDialog::set_rect(const CRect& rect, bool keep_keys) {
 }
 
 void CSimpleGUIDialog::update_child_poses() {
+    Approach approach(
+        m_shapes.rbegin(), m_shapes.rend(),
+        [](const CSimpleGUIShape& shape) {
+            fetch(&shape.m_parent_dialog);
+            fetch(&shape.m_rect);
+            fetch(&shape.m_iAlignType);
+        },
+        [](const CSimpleGUIShape&) {});
     for (auto at = m_shapes.rbegin(); at != m_shapes.rend(); ++at) {
+        approach.next();
         if (*at) (*at)->update_rect();
     }
 }

@@ -37,6 +37,12 @@ public:
             return true;
         }
 
+        /// What a walk to the front will visit in so many steps, if nothing changes; null if nothing. Not to be
+        /// touched, only to be fetched.
+        const T* ahead(std::size_t steps) const {
+            return m_walk.end >= m_walk.begin + steps && steps > 0 ? m_list->m_items[m_walk.end - steps] : nullptr;
+        }
+
     private:
         ItemList* m_list;
         ItemWalk m_walk;

@@ -15,10 +15,15 @@ float limited(float weight, float limit) {
 
 }  // namespace
 
-float next_weight(const Fade& fade, float elapsed_seconds, float duration_seconds) {
+float FadeTime::progress() {
+    if (!m_is_known) m_progress = Math::Pow(elapsed_seconds / duration_seconds, exponent);
+    m_is_known = true;
+    return m_progress;
+}
+
+float next_weight(const Fade& fade, FadeTime& time) {
     if (Math::Abs(fade.target - fade.now) < snap_distance) return fade.target;
-    if (!(duration_seconds > 0.0f)) return fade.target;
-    if (Math::Abs(elapsed_seconds) <= least_elapsed_seconds) return fade.now;
-    const float progress = Math::Pow(elapsed_seconds / duration_seconds, exponent);
-    return limited((fade.target - fade.start) * progress + fade.start, fade.limit);
+    if (!(time.duration_seconds > 0.0f)) return fade.target;
+    if (Math::Abs(time.elapsed_seconds) <= least_elapsed_seconds) return fade.now;
+    return limited((fade.target - fade.start) * time.progress() + fade.start, fade.limit);
 }

@@ -14,6 +14,21 @@ struct Fade {
     float limit;
 };
 
+/// How long a fade has been on its way, and how long it takes in all.
+class FadeTime {
+public:
+    FadeTime(float elapsed, float duration) : elapsed_seconds(elapsed), duration_seconds(duration) {}
+    /// The square of the share that is over, worked out once for all pictures of a shape.
+    float progress();
+
+    const float elapsed_seconds;
+    const float duration_seconds;
+
+private:
+    float m_progress = 0.0f;
+    bool m_is_known = false;
+};
+
 /// The new weight, 0 to the limit. The curve starts slowly and runs past its target; the limits, not the clock, stop
 /// it, so a fade that was cut off goes on from where it stood. A duration of 0 or less takes the target at once.
-float next_weight(const Fade& fade, float elapsed_seconds, float duration_seconds);
+float next_weight(const Fade& fade, FadeTime& time);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "fonts/font_info.h"
+#include "layout/approach.h"
 #include "layout/shape.h"
 #include "layout/shown.h"
 #include "module/manager.h"
@@ -66,8 +67,25 @@ void CSimpleGUIDialog::render_in_view() {
         render_shape_texture(shape);
         render_shape_text(shape);
     };
+    Approach approach(
+        m_shapes.begin(), m_shapes.end(),
+        [](const CSimpleGUIShape& shape) {
+            fetch(&shape.m_actor);
+            fetch(&shape.m_rect);
+            fetch(&shape.m_texture);
+            fetch(&shape.m_is_usable);
+        },
+        [](const CSimpleGUIShape& shape) {
+            fetch(shape.m_actor);
+            const ITexture* picture = shape.m_texture.get();
+            fetch(picture);
+            // Its device side stands behind what belongs to every texture.
+            fetch(picture + 1);
+        });
     for (CSimpleGUIShape* shape : m_shapes) {
-        if (!shape || !is_drawn(*shape)) continue;
+        approach.next();
+        // The dialog itself was asked above, and nothing on the way to here can hide it.
+        if (!shape || !(shape->m_parent_dialog == this ? is_drawn_in_its_dialog(*shape) : is_drawn(*shape))) continue;
         if (shape->m_bk_image) {
             draw(shape);
         } else {

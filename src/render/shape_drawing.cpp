@@ -14,8 +14,6 @@ const VEC4 disabled_color(0.4f, 0.4f, 0.4f, 0.15f);
 const VEC4 shadow_color(0.0f, 0.0f, 0.0f, 1.0f);
 constexpr int shadow_offset = 2;
 
-using DeviceTexture = CMyComPtr<IDeviceTexture>;
-
 bool has_any_picture(const CSimpleGUIShape& shape) {
     return shape.m_texture || shape.m_texture_hover || shape.m_texture_down;
 }
@@ -24,23 +22,27 @@ IDeviceTexture* device_side(const CMyComPtr<ITexture>& picture) {
     return picture ? picture->get_device_texture() : nullptr;
 }
 
-void draw_texture(renderfun& draw, const CRect& rect, const DeviceTexture& texture, const VEC4& color) {
+void draw_texture(renderfun& draw, const CRect& rect, IDeviceTexture* texture, const VEC4& color) {
     draw.draw_texture_to_rect(rect, texture, color, gui_blend, 0.0f, X3D_ZFUNC_ALWAYS);
 }
 
 // A picture that stands in for those that could not be made. Its size is that of the first shape drawn, its content is
 // never written; negative sizes, which scripts can give a shape, become 0.
-DeviceTexture make_stand_in(IBaseDevice& device, const CRect& rect) {
+CMyComPtr<IDeviceTexture> make_stand_in(IBaseDevice& device, const CRect& rect) {
     const auto size = [](std::int32_t pixels) { return pixels > 0 ? static_cast<unsigned>(pixels) : 0u; };
     return device.create_device_texture_ex(0x802, size(rect.Width()), size(rect.Height()), 0, 0x1c, 1, 1, 0, 0, 0x20);
+}
+
+const CMyComPtr<ITexture>& picture_of(const CSimpleGUIShape& shape, int mode) {
+    if (mode == MODE_HOVER) return shape.m_texture_hover;
+    if (mode == MODE_DOWN) return shape.m_texture_down;
+    return shape.m_texture;
 }
 
 }  // namespace
 
 CMyComPtr<ITexture> CSimpleGUIDialog::get_shape_texture_by_mode(CSimpleGUIShape* shape, int mode) {
-    if (mode == MODE_HOVER) return shape->m_texture_hover;
-    if (mode == MODE_DOWN) return shape->m_texture_down;
-    return shape->m_texture;
+    return picture_of(*shape, mode);
 }
 
 void CSimpleGUIDialog::render_shape_texture(CSimpleGUIShape* shape) {
@@ -65,8 +67,7 @@ void CSimpleGUIDialog::render_shape_texture(CSimpleGUIShape* shape) {
         return;
     }
     // The author sees the normal picture alone.
-    const DeviceTexture texture =
-        shape->m_texture ? DeviceTexture(shape->m_texture->get_device_texture()) : m_manager->m_shape_target;
+    IDeviceTexture* texture = shape->m_texture ? device_side(shape->m_texture) : m_manager->m_shape_target.get();
     draw_texture(draw, shape->m_rect, texture, shape->m_color);
 }
 
@@ -75,15 +76,15 @@ void CSimpleGUIDialog::render_shape_fade(CSimpleGUIShape* shape) {
     IDeviceTexture* normal = device_side(shape->m_texture);
     if (!normal) normal = m_manager->m_shape_target.get();
 
-    const float elapsed = present_seconds() - shape->m_mode_time;
     const float duration = shape->m_texture_mode == MODE_DOWN ? press_seconds : m_manager->m_setting->m_ani_trans_time;
+    FadeTime time(present_seconds() - shape->m_mode_time, duration);
     // A normal picture never gets more opaque than the shape's colour; the others end fully opaque.
     const float most[] = {0.0f, shape->m_color.w, 1.0f, 1.0f};
     for (int mode = MODE_NORMAL; mode <= MODE_DOWN; ++mode) {
         const float target = mode == shape->m_texture_mode ? most[mode] : 0.0f;
         float& weight = shape->m_fade_now[mode];
-        weight = next_weight({shape->m_fade_start[mode], weight, target, most[mode]}, elapsed, duration);
-        IDeviceTexture* own = mode == MODE_NORMAL ? normal : device_side(get_shape_texture_by_mode(shape, mode));
+        weight = next_weight({shape->m_fade_start[mode], weight, target, most[mode]}, time);
+        IDeviceTexture* own = mode == MODE_NORMAL ? normal : device_side(picture_of(*shape, mode));
         draw_texture(*m_system->m_renderfun, shape->m_rect, own ? own : normal,
                      {shape->m_color.x, shape->m_color.y, shape->m_color.z, weight});
     }

@@ -31,6 +31,7 @@ TEST(Fade, FollowsItsCurveWithinItsLimits) {
         {"hardly any duration", {1, 1, 0, 1}, 3, 1e-38f, 0},
     };
     for (const Row& row : rows) {
-        EXPECT_FLOAT_EQ(next_weight(row.fade, row.elapsed, row.duration), row.expected) << row.what;
+        FadeTime time(row.elapsed, row.duration);
+        EXPECT_FLOAT_EQ(next_weight(row.fade, time), row.expected) << row.what;
     }
 }
