@@ -53,8 +53,9 @@ void save(benchmark::State& state) {
     std::string error;
     check(show.engine.open_project(file.path, error), error);
     for (auto _ : state) check(show.engine.save_project(file.copy, error), error);
-    bench::report(state, static_cast<double>(state.range(0)),
-                  "numbering, the tree of all items, its text, reading that back, writing, flushing and renaming the file");
+    bench::report(
+        state, static_cast<double>(state.range(0)),
+        "numbering, the tree of all items, its text, reading that back, writing, flushing and renaming the file");
 }
 
 void close(benchmark::State& state) {

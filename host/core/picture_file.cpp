@@ -2,74 +2,49 @@
 
 #include <SDL2/SDL_image.h>
 
-#include <climits>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
+#include "host/core/picture_head.h"
 #include "host/core/project_disk.h"
 #include "host/core/sdl_handles.h"
 
 namespace host {
 namespace {
 
-using Bytes = std::vector<char>;
-
-// Larger sides are beyond every device; a broken header could ask for all memory.
-constexpr int longest_side = 16384;
+// Larger ones are beyond every device; a few bytes of a broken or hostile head could ask for all memory.
+constexpr std::uint64_t longest_side = 16384;
+constexpr std::uint64_t most_pixels = std::uint64_t{7680} * 4320;
+constexpr Uint32 pixel_format = SDL_PIXELFORMAT_ARGB8888;
+constexpr std::size_t most_bytes = std::size_t{256} << 20;
 
 std::uint64_t next_picture_id() {
     static std::uint64_t last = 0;
     return ++last;
 }
 
-Bytes read_bytes(const std::filesystem::path& path) {
+std::string read_bytes(const std::filesystem::path& path) {
+    std::string bytes, ignored;
     std::error_code error;
-    // Opening a folder or a pipe would succeed or wait.
-    if (!std::filesystem::is_regular_file(path, error)) return {};
-    std::ifstream file(path, std::ios::binary);
-    Bytes bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    return bytes.size() > INT_MAX ? Bytes() : bytes;
+    // Opening a pipe would wait.
+    if (std::filesystem::is_regular_file(path, error)) (void)read_whole_file(path.string(), most_bytes, bytes, ignored);
+    return bytes;
 }
 
-struct Format {
-    int (*recognises)(SDL_RWops*);
-    SDL_Surface* (*load)(SDL_RWops*);
-};
+// By PictureFormat.
+constexpr SDL_Surface* (*loaders[])(SDL_RWops*) = {&IMG_LoadPNG_RW, &IMG_LoadJPG_RW, &IMG_LoadBMP_RW, &IMG_LoadWEBP_RW,
+                                                   &IMG_LoadTGA_RW};
 
-// A TGA file has no signature, so its header must make sense: a known kind of picture, a known depth, and as many bytes
-// as an uncompressed picture of its size takes.
-int is_tga(SDL_RWops* stream) {
-    std::uint8_t header[18];
-    const bool complete = SDL_RWread(stream, header, sizeof header, 1) == 1;
-    const Sint64 length = SDL_RWsize(stream);
-    SDL_RWseek(stream, 0, RW_SEEK_SET);
-    if (!complete) return 0;
-    const int kind = header[2], depth = header[16];
-    const Sint64 width = header[12] | header[13] << 8, height = header[14] | header[15] << 8;
-    const bool compressed = kind >= 9 && kind <= 11;
-    const bool known_kind = compressed || (kind >= 1 && kind <= 3);
-    const bool known_depth = depth == 8 || depth == 15 || depth == 16 || depth == 24 || depth == 32;
-    if (header[1] > 1 || !known_kind || !known_depth || width == 0 || height == 0) return 0;
-    return compressed || length >= 18 + width * height * ((depth + 7) / 8);
+bool is_small_enough(std::uint64_t width, std::uint64_t height) {
+    return width <= longest_side && height <= longest_side && width * height <= most_pixels;
 }
 
-constexpr Format formats[] = {
-    {IMG_isPNG, IMG_LoadPNG_RW},   {IMG_isJPG, IMG_LoadJPG_RW}, {IMG_isBMP, IMG_LoadBMP_RW},
-    {IMG_isWEBP, IMG_LoadWEBP_RW}, {is_tga, IMG_LoadTGA_RW},
-};
-
-SdlSurface decode(const Bytes& bytes) {
-    if (bytes.empty()) return {};
+SdlSurface decode(const std::string& bytes) {
+    const auto head = picture_head({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    if (!head || !is_small_enough(head->width, head->height)) return {};
     SDL_RWops* stream = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
     if (!stream) return {};
-    SdlSurface surface;
-    for (const Format& format : formats) {
-        if (!format.recognises(stream)) continue;
-        surface.reset(format.load(stream));
-        break;
-    }
+    SdlSurface surface(loaders[static_cast<std::size_t>(head->format)](stream));
     SDL_RWclose(stream);
     return surface;
 }
@@ -83,21 +58,22 @@ std::shared_ptr<const Picture> make_clear_picture(unsigned width, unsigned heigh
 }
 
 std::shared_ptr<const Picture> read_picture(const std::filesystem::path& path) {
-    const SdlSurface decoded = decode(read_bytes(path));
+    SdlSurface decoded = decode(read_bytes(path));
     if (!decoded || decoded->w <= 0 || decoded->h <= 0) return nullptr;
-    if (decoded->w > longest_side || decoded->h > longest_side) return nullptr;
-    const SdlSurface surface(SDL_ConvertSurfaceFormat(decoded.get(), SDL_PIXELFORMAT_ARGB8888, 0));
-    if (!surface) return nullptr;
-    const auto width = static_cast<std::size_t>(surface->w), height = static_cast<std::size_t>(surface->h);
+    const auto width = static_cast<std::size_t>(decoded->w), height = static_cast<std::size_t>(decoded->h);
+    if (!is_small_enough(width, height)) return nullptr;
+    // Copying would leave out the pixels of a colour that stands for nothing.
+    if (SDL_HasColorKey(decoded.get())) decoded.reset(SDL_ConvertSurfaceFormat(decoded.get(), pixel_format, 0));
     auto picture = std::make_shared<Picture>();
     *picture = {next_picture_id(), static_cast<unsigned>(width), static_cast<unsigned>(height), {}};
     picture->argb.resize(width * height);
-    const auto pitch = static_cast<std::size_t>(surface->pitch);
-    for (std::size_t row = 0; row < height; ++row) {
-        const auto* from = static_cast<const std::uint8_t*>(surface->pixels) + row * pitch;
-        std::memcpy(picture->argb.data() + row * width, from, width * sizeof(std::uint32_t));
-    }
-    return picture;
+    // Straight into its place: of the largest pictures there is room for two, not for three.
+    const SdlSurface target(
+        SDL_CreateRGBSurfaceWithFormatFrom(picture->argb.data(), static_cast<int>(width), static_cast<int>(height), 32,
+                                           static_cast<int>(width * sizeof(std::uint32_t)), pixel_format));
+    const bool good = decoded && target && SDL_SetSurfaceBlendMode(decoded.get(), SDL_BLENDMODE_NONE) == 0 &&
+                      SDL_BlitSurface(decoded.get(), nullptr, target.get(), nullptr) == 0;
+    return good ? picture : nullptr;
 }
 
 namespace {
