@@ -3,27 +3,17 @@
 
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstdio>
-#include <cstdlib>
-
-#include "host/core/clock.h"
+#include "fuzz/stage.h"
 #include "host/core/legacy_file.h"
 #include "host/core/legacy_value.h"
-#include "host/core/recording_device.h"
-#include "host/system/engine.h"
 #include "layout/shape.h"
 #include "module/manager.h"
 #include "player/legacy_report.h"
 
 namespace {
 
+using fuzz::must;
 using host::LegacyNode;
-
-void must(bool holds, const char* promise) {
-    if (holds) return;
-    std::fprintf(stderr, "broken promise: %s\n", promise);
-    std::abort();
-}
 
 struct Key {
     const char* name;
@@ -190,38 +180,12 @@ private:
     FuzzedDataProvider& m_chance;
 };
 
-struct Stage {
-    Stage() : engine(device, {}) {
-        host::use_settable_time(0.0);
-        engine.draw_scene = nullptr;
-        engine.scene().use_counted_ids();
-        std::string error;
-        must(engine.load_module(MODULE_PATH, error), error.c_str());
-    }
-    host::RecordingDevice device;
-    host::Engine engine;
-};
-
 bool is_listed(const CSimpleGUIManager& gui, const CSimpleGUIDialog* dialog) {
     return !dialog || gui.m_dialogs.contains(dialog);
 }
 
-void live(host::Engine& engine) {
-    engine.frame(0.0);
-    engine.start_run();
-    for (const auto& animation : engine.animations().all()) animation->start();
-    for (double seconds : {0.0, 0.4, 1.0}) {
-        host::set_time(seconds);
-        engine.mouse(host::InputKind::MOVE, 5, 5);
-        engine.frame(seconds);
-    }
-    engine.stop_run();
-    for (const auto& [width, height] : {std::pair{0, 0}, {333, 201}}) engine.resize(width, height);
-    engine.frame(1.0);
-}
-
 void bring_over(host::LegacyProject& legacy) {
-    static Stage stage;
+    static fuzz::Stage stage;
     host::Engine& engine = stage.engine;
     engine.new_project(320, 200);
     std::string error;
@@ -231,10 +195,10 @@ void bring_over(host::LegacyProject& legacy) {
     must(is_listed(gui, gui.m_root_dialog) && is_listed(gui, gui.get_editing_dialog()),
          "no dialog is named that is gone");
     must(gui.m_scene_rect == gui.m_view_rect, "the view on record is the present one");
-    live(engine);
+    fuzz::live(engine);
     const host::ProjectDocument saved = engine.document();
     must(engine.open_document(saved, "x", error), "what was saved opens");
-    live(engine);
+    fuzz::live(engine);
     engine.new_project(320, 200);
     must(gui.m_dialogs.empty() && gui.m_shapes.empty() && gui.m_anim_nodes.empty(), "nothing is left");
 }

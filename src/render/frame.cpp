@@ -78,6 +78,7 @@ void CSimpleGUIDialog::render_in_view() {
         [](const CSimpleGUIShape& shape) {
             fetch(shape.m_actor);
             const ITexture* picture = shape.m_texture.get();
+            if (!picture) return;
             fetch(picture);
             // Its device side stands behind what belongs to every texture.
             fetch(picture + 1);
