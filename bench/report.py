@@ -31,31 +31,51 @@ NAMES = [name for name, _, _ in WORK]
 GOAL_SIZE = 10000
 GROWTH_SIZES = (1000, 50000)
 MOST_GROWTH = 2.0
+# Work that is measured as a whole and has no goal in figures.
+SCANS = {
+    "first_scan": "the names of 2,000 font files that were never read before",
+    "scan_again": "the same files at the next project, none of them changed",
+    "list_of_the_system": "asking the system which fonts it has",
+}
 # What does not depend on a scene has no growth.
 WITHOUT_SCENE = {"font_file"}
 
 
-def read_results(folder):
-    """The best of all repetitions: {(name, peer, elements): row}."""
-    best = {}
+def runs_of(folder):
+    """Each repetition of each bench, with its nanoseconds."""
     for path in sorted(pathlib.Path(folder).glob("*.json")):
         text = path.read_text()
         for run in json.loads(text)["benchmarks"] if text else []:
-            title, elements = run["name"].split("/")[:2] if "/" in run["name"] else (run["name"], "0")
-            name, _, peer = title.partition(":")
-            if name not in NAMES or run.get("run_type") == "aggregate":
+            if run.get("run_type") == "aggregate":
                 continue
             if run.get("error_occurred"):
                 sys.exit(f"{run['name']}: {run['error_message']}")
             manual = run["name"].endswith("/manual_time")
             unit = {"ns": 1, "us": 1e3, "ms": 1e6}[run["time_unit"]]
-            value = run["bytes_per_element"] if name == "memory" else run["seconds_per_element"] * 1e9
-            row = {"value": value, "total": run["real_time" if manual else "cpu_time"] * unit,
-                   "includes": run.get("label", ""), "allocations": run.get("allocations")}
-            key = (name, peer or None, int(elements))
-            if key not in best or value < best[key]["value"]:
-                best[key] = row
+            yield run, run["real_time" if manual else "cpu_time"] * unit
+
+
+def read_results(folder):
+    """The best of all repetitions: {(name, peer, elements): row}."""
+    best = {}
+    for run, total in runs_of(folder):
+        title, elements = run["name"].split("/")[:2] if "/" in run["name"] else (run["name"], "0")
+        name, _, peer = title.partition(":")
+        if name not in NAMES:
+            continue
+        value = run["bytes_per_element"] if name == "memory" else run["seconds_per_element"] * 1e9
+        row = {"value": value, "total": total, "includes": run.get("label", ""), "allocations": run.get("allocations")}
+        key = (name, peer or None, int(elements))
+        if key not in best or value < best[key]["value"]:
+            best[key] = row
     return best
+
+
+def scan_rows(folder):
+    for name, what in SCANS.items():
+        totals = [total for run, total in runs_of(folder) if run["name"] == name]
+        if totals:
+            yield [f"`{name}`", what, shown(min(totals), name)]
 
 
 def shown(value, name):
@@ -133,7 +153,7 @@ def processor():
             yield line.split(":")[1].strip()
 
 
-def page(best):
+def page(best, scans):
     sizes = sorted({size for name, _, size in best if name not in WITHOUT_SCENE})
     allocations = max((row["allocations"] or 0) for row in best.values())
     machine = next(processor(), platform.machine())
@@ -155,6 +175,8 @@ def page(best):
         "Per element at so many shapes. `move_still` too is given per shape here; its goal is for the whole move.\n",
         table(["Work", "by", *(f"{size:,}" for size in sizes), "includes"], figure_rows(best, sizes)),
     ]
+    if scans:
+        parts += ["## Fonts at the start\n", table(["Work", "what it is", "in all"], scans)]
     ratios = list(ratio_rows(best))
     if ratios:
         parts += ["## Beside others\n",
@@ -196,7 +218,7 @@ def main():
         return
     folder = pathlib.Path(__file__).resolve().parent.parent / "docs" / "performance"
     folder.mkdir(exist_ok=True)
-    (folder / "README.md").write_text(page(best))
+    (folder / "README.md").write_text(page(best, list(scan_rows(arguments.results))))
     plot(best, folder / "time.svg")
     print(table(["Work", "of one", "goal", "measured", "", "growth", ""], goal_rows(best)))
 

@@ -39,6 +39,7 @@ TEST(SystemFonts, AreListedByNameAndFile) {
 // A pipe would let the whole show wait.
 TEST(FontFace, IsMadeFromAPlainFileOnly) {
     const std::string pipe = testing::TempDir() + "pipe.ttf";
+    std::remove(pipe.c_str());
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const auto face = IBaseFont::Face::from_file(std::wstring(pipe.begin(), pipe.end()).c_str(), 16);
     EXPECT_EQ(face->font, nullptr);
