@@ -38,6 +38,11 @@ VEC2 offset_at(const NearKeys<SGuiOffset>& keys, const NearKeys<SGuiAlign>& alig
 
 }  // namespace
 
+void CSimpleGUIAnimNode::rebind_id(CGuid item_id) {
+    CAnimNodeBase::rebind_id(item_id);
+    if (m_manager) m_manager->m_anim_nodes.touch();
+}
+
 // One pass over the tracks; of two of one type the first counts, as for get_track.
 void CSimpleGUIAnimNode::find_tracks() {
     ITrack** const places[] = {&m_offset_track, &m_size_track, &m_visible_track, &m_align_track, &m_color_track};

@@ -13,6 +13,7 @@ public:
     CSimpleGUIAnimNode& operator=(const CSimpleGUIAnimNode&) = delete;
     ~CSimpleGUIAnimNode() override;
 
+    void rebind_id(CGuid item_id) override;
     /// All five.
     void create_tracks() override;
     /// Applies the keys around the moment to the item. Does nothing for an item that is gone and for a shape without a

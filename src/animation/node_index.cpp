@@ -56,14 +56,40 @@ void NodeIndex::add(CSimpleGUIAnimNode& node) {
     item.last_node = at;
 }
 
-void NodeIndex::build(const CSimpleGUIManager& manager) {
+void NodeIndex::begin(const CSimpleGUIManager& manager, bool keep) {
+    ++m_operation;
+    const std::array revisions = {manager.m_anim_nodes.revision(), manager.m_shapes.revision(),
+                                  manager.m_dialogs.revision()};
+    m_is_fresh = false;
+    if (keep && revisions == m_revisions) return;
     m_manager = &manager;
+    m_revisions = {};
+    build();
+    m_revisions = revisions;
+}
+
+void NodeIndex::build() {
+    m_is_fresh = true;
     m_items_found = false;
     m_nodes.clear();
     m_items.clear();
-    m_slots.assign(std::bit_ceil(manager.m_anim_nodes.size() * 2 + 1), none);
-    for (CSimpleGUIAnimNode* node : manager.m_anim_nodes) {
+    m_slots.assign(std::bit_ceil(m_manager->m_anim_nodes.size() * 2 + 1), none);
+    for (CSimpleGUIAnimNode* node : m_manager->m_anim_nodes) {
         if (node && node->get_type() == ANIM_NODE_TYPE_GUI) add(*node);
+    }
+}
+
+// In the middle of an operation, which has asked for some items already.
+void NodeIndex::build_again() {
+    std::vector<Item> asked;
+    for (const Item& item : m_items)
+        if (item.asked_in == m_operation) asked.push_back(item);
+    build();
+    for (const Item& before : asked) {
+        if (Item* item = find(before.id)) {
+            item->asked_by = before.asked_by;
+            item->asked_in = before.asked_in;
+        }
     }
 }
 
@@ -90,12 +116,23 @@ NodeIndex::Item* NodeIndex::item_of(const CSimpleGUIShape& shape) {
     Item* item = shape.m_actor ? find(shape.m_actor->get_id()) : nullptr;
     if (!item) return nullptr;
     find_items();
-    return item->shape == &shape ? item : nullptr;
+    if (!m_is_fresh && !is_surely(shape, *item)) {
+        build_again();
+        find_items();
+        item = find(shape.m_actor->get_id());
+    }
+    return item && item->shape == &shape ? item : nullptr;
 }
 
-NodeIndexInUse::NodeIndexInUse(const CSimpleGUIManager& manager) {
+// What was found in an earlier operation still holds if the scene knows the identifier by the same actor.
+bool NodeIndex::is_surely(const CSimpleGUIShape& shape, const Item& item) const {
+    return item.shape == &shape &&
+           m_manager->get_system()->m_scene_manager->search_actor_by_guid(item.id) == shape.m_actor;
+}
+
+NodeIndexInUse::NodeIndexInUse(const CSimpleGUIManager& manager, bool keep) {
     // Counted once it is built: without the memory for it there must be no use of a half-built one later on.
-    if (users == 0) index_in_use.build(manager);
+    if (users == 0) index_in_use.begin(manager, keep);
     ++users;
 }
 

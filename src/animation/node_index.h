@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -10,8 +11,8 @@ class CSimpleGUIDialog;
 class CSimpleGUIManager;
 class CSimpleGUIShape;
 
-/// Finds nodes and their items in constant time. True for one operation only, for actors and nodes can take other
-/// identifiers without a word to the module.
+/// Finds nodes and their items in constant time. Actors can take other identifiers without a word to the module, so
+/// what an earlier operation has found is looked at again before it counts.
 class NodeIndex {
 public:
     /// What the nodes of one identifier move, as the manager's look-ups find it: of several items the first in its
@@ -23,13 +24,15 @@ public:
         /// The nodes, in the order of the manager's list.
         std::int32_t first_node = none;
         std::int32_t last_node = none;
-        /// The last dialog that asked for the nodes of this shape.
+        /// The last dialog that asked for the nodes of this shape, and in which operation.
         const CSimpleGUIDialog* asked_by = nullptr;
+        std::uint64_t asked_in = 0;
     };
 
-    /// The memory of earlier calls is used again. The items are looked for when the first of them is asked for: most
-    /// dialogs that change their size hold nothing that is animated.
-    void build(const CSimpleGUIManager& manager);
+    /// Begins an operation. With `keep` what was found earlier stays as long as no list has changed: for an operation
+    /// on one dialog, of which a step of all animations may hold many. The items are looked for when the first of them
+    /// is asked for: most dialogs that change their size hold nothing that is animated.
+    void begin(const CSimpleGUIManager& manager, bool keep);
 
     /// Null for a node that the manager's list does not name, and for one that is none of the GUI.
     const Item* item_of(CSimpleGUIAnimNode& node);
@@ -38,8 +41,9 @@ public:
     template <class Visit>
     void each_node_of(const CSimpleGUIShape& shape, const CSimpleGUIDialog& dialog, Visit visit) {
         Item* item = item_of(shape);
-        if (!item || item->asked_by == &dialog) return;
+        if (!item || (item->asked_by == &dialog && item->asked_in == m_operation)) return;
         item->asked_by = &dialog;
+        item->asked_in = m_operation;
         for (std::int32_t at = item->first_node; at != none; at = m_nodes[static_cast<std::size_t>(at)].next) {
             visit(*m_nodes[static_cast<std::size_t>(at)].node);
         }
@@ -54,12 +58,20 @@ private:
 
     // Null for an identifier that no node has, and for a shape that is not the first of its identifier.
     Item* item_of(const CSimpleGUIShape& shape);
+    void build();
+    void build_again();
+    bool is_surely(const CSimpleGUIShape& shape, const Item& item) const;
     std::size_t slot_of(const CGuid& id) const;
     Item* find(const CGuid& id);
     void add(CSimpleGUIAnimNode& node);
     void find_items();
 
     const CSimpleGUIManager* m_manager = nullptr;
+    std::uint64_t m_operation = 0;
+    // Of the nodes, the shapes and the dialogs, when this was built.
+    std::array<std::uint64_t, 3> m_revisions{};
+    // Built in the operation in work.
+    bool m_is_fresh = false;
     bool m_items_found = false;
     std::vector<Node> m_nodes;
     std::vector<Item> m_items;
@@ -71,7 +83,7 @@ private:
 /// manager's.
 class NodeIndexInUse {
 public:
-    explicit NodeIndexInUse(const CSimpleGUIManager& manager);
+    explicit NodeIndexInUse(const CSimpleGUIManager& manager, bool keep = false);
     ~NodeIndexInUse();
     NodeIndexInUse(const NodeIndexInUse&) = delete;
     NodeIndexInUse& operator=(const NodeIndexInUse&) = delete;

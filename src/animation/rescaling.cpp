@@ -130,7 +130,7 @@ void CSimpleGUIDialog::resize_shape_animnode_key() {
     // A dialog that only moves leaves its shapes' keys alone.
     if (m_rect.Width() == m_last_rect.Width() && m_rect.Height() == m_last_rect.Height()) return;
     if (m_manager->m_anim_nodes.empty()) return;
-    const NodeIndexInUse index(*m_manager);
+    const NodeIndexInUse index(*m_manager, true);
     for (CSimpleGUIShape* shape : m_shapes) {
         if (!shape) continue;
         index->each_node_of(*shape, *this, [&](CSimpleGUIAnimNode& node) { node.rescale_keys(shape->m_actor); });

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -58,6 +59,11 @@ public:
     }
     ~ItemList() = default;
 
+    /// Another one after each change; no two lists have the same.
+    std::uint64_t revision() const { return m_revision; }
+    /// Something that others know of the items has changed.
+    void touch() { m_revision = ++revisions; }
+
     bool empty() const { return m_items.empty(); }
     std::size_t size() const { return m_items.size(); }
     T* operator[](std::size_t index) const { return m_items[index]; }
@@ -72,8 +78,12 @@ public:
 
     bool contains(const T* item) const { return std::find(m_items.begin(), m_items.end(), item) != m_items.end(); }
 
-    void push_back(T* item) { m_items.push_back(item); }
+    void push_back(T* item) {
+        touch();
+        m_items.push_back(item);
+    }
     void push_front(T* item) {
+        touch();
         m_items.insert(m_items.begin(), item);
         m_walks.inserted_at_front();
     }
@@ -82,18 +92,23 @@ public:
     void remove(const T* item) {
         const auto found = std::find(m_items.rbegin(), m_items.rend(), item);
         if (found == m_items.rend()) return;
+        touch();
         const auto place = m_items.erase(std::next(found).base()) - m_items.begin();
         m_walks.removed(static_cast<std::size_t>(place));
     }
 
     /// Replaces all entries. Walks end.
     void assign(std::vector<T*> items) {
+        touch();
         m_items = std::move(items);
         m_walks.end_all();
     }
     void clear() { assign({}); }
 
 private:
+    static inline std::uint64_t revisions = 0;
+
     std::vector<T*> m_items;
     ItemWalks m_walks;
+    std::uint64_t m_revision = ++revisions;
 };

@@ -97,7 +97,7 @@ TEST_F(Searches, GiveWhatTheWalksGiveInAnyOrderOfKeys) {
 }
 
 TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
-    for (int trial = 0; trial < 30; ++trial) {
+    for (int trial = 0; trial < 200; ++trial) {
         std::vector<CSimpleGUIDialog*> dialogs;
         std::vector<IActor*> actors;
         for (int at = 0; at < 4; ++at) {
@@ -121,7 +121,11 @@ TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
             track->create_key(0, true);
             keys.push_back(static_cast<SGuiOffset*>(track->find_key(0)));
         }
-        for (CSimpleGUIDialog* resized : dialogs) {
+        for (int resize = 0; resize < 12; ++resize) {
+            CSimpleGUIDialog* resized = dialogs[random() % dialogs.size()];
+            // What an earlier resize has found may be gone.
+            if (random() % 2 == 0) actors[random() % actors.size()]->set_id(any_id());
+            if (random() % 2 == 0) nodes[random() % nodes.size()]->rebind_id(any_id());
             for (SGuiOffset* key : keys) key->m_offset_percent = {-1, -1};
             resized->set_rect({0, 0, 100, resized->m_rect.bottom + 10}, false);
             for (std::size_t at = 0; at < nodes.size(); ++at) {
