@@ -32,7 +32,11 @@ GOAL_SIZE = 10000
 GROWTH_SIZES = (1000, 50000)
 MOST_GROWTH = 2.0
 # Work that is measured as a whole and has no goal in figures.
-SCANS = {
+IN_ALL = {
+    **{f"step_of_a_tenth/{shapes}": f"a step of {shapes // 10:,} nodes of 5 tracks with 20 keys, those of all dialogs among"
+                                    f" them, over {shapes:,} shapes" for shapes in (5000, 10000, 20000, 40000)},
+    **{f"resize_of_a_tenth/{shapes}": f"a new view size with all their keys, every dialog scaled, {shapes:,} shapes"
+       for shapes in (5000, 10000, 20000, 40000)},
     "first_scan": "the names of 2,000 font files that were never read before",
     "scan_again": "the same files at the next project, none of them changed",
     "list_of_the_system": "asking the system which fonts it has",
@@ -71,8 +75,8 @@ def read_results(folder):
     return best
 
 
-def scan_rows(folder):
-    for name, what in SCANS.items():
+def whole_rows(folder):
+    for name, what in IN_ALL.items():
         totals = [total for run, total in runs_of(folder) if run["name"] == name]
         if totals:
             yield [f"`{name}`", what, shown(min(totals), name)]
@@ -153,7 +157,7 @@ def processor():
             yield line.split(":")[1].strip()
 
 
-def page(best, scans):
+def page(best, wholes):
     sizes = sorted({size for name, _, size in best if name not in WITHOUT_SCENE})
     allocations = max((row["allocations"] or 0) for row in best.values())
     machine = next(processor(), platform.machine())
@@ -175,8 +179,8 @@ def page(best, scans):
         "Per element at so many shapes. `move_still` too is given per shape here; its goal is for the whole move.\n",
         table(["Work", "by", *(f"{size:,}" for size in sizes), "includes"], figure_rows(best, sizes)),
     ]
-    if scans:
-        parts += ["## Fonts at the start\n", table(["Work", "what it is", "in all"], scans)]
+    if wholes:
+        parts += ["## In all\n", table(["Work", "what it is", "time"], wholes)]
     ratios = list(ratio_rows(best))
     if ratios:
         parts += ["## Beside others\n",
@@ -218,7 +222,7 @@ def main():
         return
     folder = pathlib.Path(__file__).resolve().parent.parent / "docs" / "performance"
     folder.mkdir(exist_ok=True)
-    (folder / "README.md").write_text(page(best, list(scan_rows(arguments.results))))
+    (folder / "README.md").write_text(page(best, list(whole_rows(arguments.results))))
     plot(best, folder / "time.svg")
     print(table(["Work", "of one", "goal", "measured", "", "growth", ""], goal_rows(best)))
 

@@ -124,6 +124,8 @@ std::wstring crowd_shape_name(int number) { return L"shape " + std::to_wstring(n
 
 CGuid crowd_shape_id(int number) { return identifier(2, number); }
 
+CGuid crowd_dialog_id(int number) { return identifier(1, number); }
+
 host::ProjectDocument crowd_document(const Crowd& crowd) {
     host::ProjectDocument document;
     for (int number = 0; number < crowd.shapes; ++number) {

@@ -45,6 +45,7 @@ host::ProjectDocument crowd_document(const Crowd& crowd);
 /// Names and identifiers count from 0, in the order of the document.
 std::wstring crowd_shape_name(int number);
 CGuid crowd_shape_id(int number);
+CGuid crowd_dialog_id(int number);
 
 /// What a node of key frames stores that moves, sizes and colours a shape in a loop: 5 tracks of 20 keys.
 host::ProjectNode crowd_keys();

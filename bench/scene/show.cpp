@@ -26,7 +26,7 @@ Show::Show(const Crowd& crowd, const std::string& path) : Show() {
     if (!engine.open_document(crowd_document(crowd), path, error)) throw std::runtime_error(error);
 }
 
-void Show::animate(const Crowd& crowd) {
+void Show::animate(const std::vector<CGuid>& items) {
     host::Animation* animation = engine.animations().create_animation(L"crowd");
     anim_info info;
     info.length = keys_in_track * seconds_between_keys;
@@ -34,9 +34,9 @@ void Show::animate(const Crowd& crowd) {
     animation->starts_by_itself = true;
     host::ProjectNode keys = crowd_keys();
     const load_operation operation{};
-    for (int number = 0; number < crowd.shapes; ++number) {
+    for (const CGuid& item : items) {
         const CMyComPtr<CAnimNodeBase> node(
-            AnimSystemLibrary::create_anim_node_by_type(&engine, ANIM_NODE_TYPE_GUI, crowd_shape_id(number)));
+            AnimSystemLibrary::create_anim_node_by_type(&engine, ANIM_NODE_TYPE_GUI, item));
         if (!node) throw std::runtime_error("the module makes no animation nodes");
         animation->add_anim_node(node.get());
         node->on_parse(&keys, operation);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "host/system/engine.h"
 #include "scene/crowd.h"
 #include "scene/null_device.h"
@@ -15,9 +17,8 @@ public:
     /// The crowd, opened as a project that belongs to that path.
     explicit Show(const Crowd& crowd, const std::string& path = {});
 
-    /// Gives every shape of the crowd a node of key frames, in one animation that plays without an end once the project
-    /// runs.
-    void animate(const Crowd& crowd);
+    /// Gives each of the items a node of key frames, in one animation that plays without an end once the project runs.
+    void animate(const std::vector<CGuid>& items);
 
     NullDevice device;
     host::Engine engine;
