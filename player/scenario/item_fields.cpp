@@ -75,19 +75,33 @@ Value show(const T& value) {
     return value_of(value);
 }
 
-template <class Item, class Members>
-void show_members(const Item& item, const Members& members, Value& shown) {
-    for (const Member<Item>& member : members)
-        std::visit([&](auto place) { shown[member.name] = show(item.*place); }, member.place);
+const auto& own_members(const CSimpleGUIDialog&) { return dialog_members; }
+const auto& own_members(const CSimpleGUIShape&) { return shape_members; }
+
+/// Calls visit(member) for those that all items have, then for those of the item's kind.
+template <class Item, class Visit>
+void each_member(const Item& item, Visit visit) {
+    for (const Member<Item>& member : common_members<Item>()) visit(member);
+    for (const Member<Item>& member : own_members(item)) visit(member);
 }
 
-template <class Item, class Members>
-void store_members(Item& item, const Members& members, Fields& fields) {
-    for (const Member<Item>& member : members) {
-        if (!fields.has(member.name)) continue;
+template <class Item>
+Value shown_members(const Item& item) {
+    Value shown = Value::object();
+    each_member(item, [&](const Member<Item>& member) {
+        std::visit([&](auto place) { shown[member.name] = show(item.*place); }, member.place);
+    });
+    shown["m_type"] = item.m_type;
+    return shown;
+}
+
+template <class Item>
+void store_members(Item& item, Fields& fields) {
+    each_member(item, [&](const Member<Item>& member) {
+        if (!fields.has(member.name)) return;
         std::visit([&](auto place) { store(fields.get(member.name), fields.where(member.name), item.*place); },
                    member.place);
-    }
+    });
 }
 
 }  // namespace
@@ -105,30 +119,12 @@ Value pictures_of(const CSimpleGUIShape& shape) {
     return names;
 }
 
-Value members_of(const CSimpleGUIDialog& dialog) {
-    Value shown = Value::object();
-    show_members(dialog, common_members<CSimpleGUIDialog>(), shown);
-    show_members(dialog, dialog_members, shown);
-    shown["m_type"] = dialog.m_type;
-    return shown;
-}
+Value members_of(const CSimpleGUIDialog& dialog) { return shown_members(dialog); }
 
-Value members_of(const CSimpleGUIShape& shape) {
-    Value shown = Value::object();
-    show_members(shape, common_members<CSimpleGUIShape>(), shown);
-    show_members(shape, shape_members, shown);
-    shown["m_type"] = shape.m_type;
-    return shown;
-}
+Value members_of(const CSimpleGUIShape& shape) { return shown_members(shape); }
 
-void write_members(CSimpleGUIDialog& dialog, Fields& fields) {
-    store_members(dialog, common_members<CSimpleGUIDialog>(), fields);
-    store_members(dialog, dialog_members, fields);
-}
+void write_members(CSimpleGUIDialog& dialog, Fields& fields) { store_members(dialog, fields); }
 
-void write_members(CSimpleGUIShape& shape, Fields& fields) {
-    store_members(shape, common_members<CSimpleGUIShape>(), fields);
-    store_members(shape, shape_members, fields);
-}
+void write_members(CSimpleGUIShape& shape, Fields& fields) { store_members(shape, fields); }
 
 }  // namespace scenario
