@@ -28,7 +28,7 @@ bool same_bytes(const fs::path& one, const fs::path& other) {
     std::string first;
     std::string second;
     std::string ignored;
-    return host::read_whole_file(utf8(one), largest_compared, first, ignored) &&
+    return fs::is_regular_file(other) && host::read_whole_file(utf8(one), largest_compared, first, ignored) &&
            host::read_whole_file(utf8(other), largest_compared, second, ignored) && first == second;
 }
 

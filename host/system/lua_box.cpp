@@ -227,11 +227,14 @@ bool LuaBox::run(const std::string& text, LuaError& error, const std::string& na
         for (const auto& entry : m_chunks) luaL_unref(m_state, LUA_REGISTRYINDEX, entry.second);
         m_chunks.clear();
     }
-    auto known = m_chunks.find(text);
+    // A chunk has its name in it, so that errors in one file do not name another of the same text.
+    const std::string named = name == std::string_view(chunk_name).substr(1) ? std::string() : name + '\0' + text;
+    const std::string& key = named.empty() ? text : named;
+    auto known = m_chunks.find(key);
     if (known == m_chunks.end()) {
         LuaRun run{&text, "=" + name, 0};
         if (!call_protected(&compile, &run, error)) return false;
-        known = m_chunks.emplace(text, run.chunk).first;
+        known = m_chunks.emplace(key, run.chunk).first;
     }
     LuaRun run{nullptr, {}, known->second};
     return call_protected(&execute, &run, error);

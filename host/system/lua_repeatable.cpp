@@ -103,7 +103,10 @@ bool has_conversion(std::string_view format, char kind) {
 // Upvalue: the original.
 int format_without_addresses(lua_State* L) {
     LuaBox::of(L).check_time();
-    const std::string_view format = luaL_checkstring(L, 1);
+    // With its length, for Lua formats on behind a zero byte.
+    std::size_t length = 0;
+    const char* text = luaL_checklstring(L, 1, &length);
+    const std::string_view format(text, length);
     if (has_conversion(format, 'p')) return luaL_error(L, "string.format: %%p is not available");
     const bool quotes = has_conversion(format, 'q');
     for (int index = 2; index <= lua_gettop(L); ++index) {

@@ -49,7 +49,9 @@ void Playback::stay_at(double travelled, double now) {
 }
 
 void Playback::set_mode(const PlayMode& mode, double speed, double now) {
+    const bool stays = m_is_sought && m_state != PlayState::PLAYING;
     stay_at(travelled(now), now);
+    m_is_sought = stays;
     m_mode = mode;
     m_speed = std::isfinite(speed) ? speed : 0.0;
 }

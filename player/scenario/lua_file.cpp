@@ -1,18 +1,16 @@
 #include "player/scenario/lua_file.h"
 
-#include <fstream>
-#include <sstream>
+#include <algorithm>
+#include <cstdint>
 
+#include "host/core/project_disk.h"
 #include "player/scenario/value.h"
 
 namespace scenario {
 
 std::string read_lua_file(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::stringstream text;
-    text << file.rdbuf();
-    if (!file || !text) throw Failure(path + ": can't be read");
-    std::string all = text.str();
+    std::string all, reason;
+    if (!host::read_whole_file(path, SIZE_MAX, all, reason)) throw Failure(path + ": can't be read: " + reason);
     constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
     if (all.starts_with(byte_order_mark)) all.erase(0, byte_order_mark.size());
     // A first line for the shell is no Lua; its line end stays, so that lines keep their numbers.

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstring>
+#include <utility>
 
 #include "animation/anim_node.h"
 #include "layout/shape.h"
@@ -84,7 +85,10 @@ void NodeIndex::build_again() {
     std::vector<Item> asked;
     for (const Item& item : m_items)
         if (item.asked_in == m_operation) asked.push_back(item);
+    // Without the memory for it nothing half-built may be kept.
+    const auto revisions = std::exchange(m_revisions, {});
     build();
+    m_revisions = revisions;
     for (const Item& before : asked) {
         if (Item* item = find(before.id)) {
             item->asked_by = before.asked_by;

@@ -47,6 +47,7 @@ TEST(LuaBox, StopsScriptsThatWouldNotEnd) {
         {"local s = ('\\0'):rep(150000) while true do pcall(string.format, '%q', s) end", "too m"},
         {"local s = ('x'):rep(1 << 21) while true do utf8.len(s) end", "too m"},
         {"return string.format('%-5p', {})", "%p"},
+        {"return string.format('\\0%p', {})", "%p"},
     };
     host::LuaLimits limits;
     limits.memory_bytes = 8u << 20;
