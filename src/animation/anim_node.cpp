@@ -4,15 +4,16 @@
 
 #include "animation/animated_item.h"
 #include "animation/interpolation.h"
-#include "animation/near_keys.h"
 #include "layout/anchors.h"
 
 CSimpleGUIAnimNode::CSimpleGUIAnimNode(const CGuid& item_id, CSimpleGUIManager* manager)
     : CAnimNodeBase(static_cast<EAnimNodeType>(ANIM_NODE_TYPE_GUI), item_id), m_manager(manager) {
+    enter_step_order();
     m_manager->m_anim_nodes.push_back(this);
 }
 
 CSimpleGUIAnimNode::~CSimpleGUIAnimNode() {
+    leave_step_order();
     if (m_manager) m_manager->m_anim_nodes.remove(this);
 }
 
@@ -43,31 +44,19 @@ void CSimpleGUIAnimNode::rebind_id(CGuid item_id) {
     if (m_manager) m_manager->m_anim_nodes.touch();
 }
 
-// One pass over the tracks; of two of one type the first counts, as for get_track.
-void CSimpleGUIAnimNode::find_tracks() {
-    ITrack** const places[] = {&m_offset_track, &m_size_track, &m_visible_track, &m_align_track, &m_color_track};
-    static_assert(std::size(places) == std::size(track_types));
-    for (ITrack** place : places) *place = nullptr;
-    for (ITrack* track : m_tracks) {
-        // A type below the first wraps around to a great number.
-        const unsigned place = static_cast<unsigned>(track->get_track_type()) - TRACK_TYPE_OFFSET;
-        if (place < std::size(places) && !*places[place]) *places[place] = track;
-    }
-}
-
 void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
-    find_tracks();
-    const auto offsets = near_keys<SGuiOffset>(m_offset_track, context);
-    const auto sizes = near_keys<SGuiSize>(m_size_track, context);
-    const auto visibles = near_keys<SGuiVisible>(m_visible_track, context);
-    const auto aligns = near_keys<SGuiAlign>(m_align_track, context);
-    const auto colors = near_keys<SGuiColor>(m_color_track, context);
+    approach_next_nodes();
+    step_to(context);
+    // A copy: what the engine does with a new visibility may set off another step.
+    const StepKeys keys = m_step.keys;
 
     IActor* actor = m_manager->get_system()->m_scene_manager->search_actor_by_guid(get_internal_item_id());
+    m_step.actor = actor;
     if (!actor) return;
+    m_step.item = actor->get_item();
     AnimatedItem item = animated_item(*m_manager, actor);
     if (item.shape && !item.has_frame) return;
-    if (const SGuiVisible* visible = visibles.first()) {
+    if (const SGuiVisible* visible = keys.visibles.first()) {
         actor->set_visible(visible->m_visible != 0);
     } else {
         actor->set_visible(actor->is_visible());
@@ -75,15 +64,16 @@ void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
     if (!item.exists()) return;
 
     const float moment = context.m_time;
-    const int align = alignment_at(m_align_track, aligns, moment, item.alignment());
+    const bool sorted = m_step.known_since == track_changes;
+    const int align = alignment_at(m_align_track, keys.aligns, moment, item.alignment(), sorted);
     VEC2 offset = item.offset();
-    if (!offsets.none()) {
-        offset = offset_at(offsets, aligns, align, moment, item.frame, *m_manager);
+    if (!keys.offsets.none()) {
+        offset = offset_at(keys.offsets, keys.aligns, align, moment, item.frame, *m_manager);
     } else if (align == ALIGN_SCALE) {
         offset = m_manager->get_offset_by_percent(item.near_fractions(), actor);
     }
-    const VEC2 size = sizes.none() ? item.size() : mixed_field(sizes, moment, &SGuiSize::m_size);
+    const VEC2 size = keys.sizes.none() ? item.size() : mixed_field(keys.sizes, moment, &SGuiSize::m_size);
     item.set_alignment(align);
     item.set_rect(rect_of_key(offset, size, align, item.frame));
-    if (item.shape && !colors.none()) item.shape->m_color = mixed_field(colors, moment, &SGuiColor::m_color);
+    if (item.shape && !keys.colors.none()) item.shape->m_color = mixed_field(keys.colors, moment, &SGuiColor::m_color);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "animation/near_keys.h"
 #include "engine/engine_system.h"
 
 class CSimpleGUIManager;
@@ -40,8 +41,35 @@ public:
     CSimpleGUIManager* m_manager;
 
 private:
+    struct StepKeys {
+        NearKeys<SGuiOffset> offsets;
+        NearKeys<SGuiSize> sizes;
+        NearKeys<SGuiVisible> visibles;
+        NearKeys<SGuiAlign> aligns;
+        NearKeys<SGuiColor> colors;
+    };
+    // What the last step found, and where the next one begins to look.
+    struct Step {
+        StepKeys keys;
+        // The keys are neighbours in five searchable tracks for as long as track_changes is this; 0: in others.
+        std::uint64_t known_since = 0;
+        // Not to be touched, since they may be gone: the next step fetches them ahead.
+        const IActor* actor = nullptr;
+        const IBaseItem* item = nullptr;
+    };
+
+    void enter_step_order();
+    void leave_step_order();
+    /// Fetches what the nodes will read that are animated next.
+    void approach_next_nodes();
+    /// Finds the keys around the moment.
+    void step_to(const SAnimateContext& context);
+    /// The keys of the last step are still neighbours.
+    bool knows_neighbours() const;
     /// Fills the cache above anew.
     void find_tracks();
     /// Tracks that the base class has let go of since are no longer remembered.
     void forget_lost_tracks();
+
+    Step m_step;
 };

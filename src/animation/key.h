@@ -30,26 +30,31 @@ public:
     /// False if there is such a property already; nothing is made then. The field must outlive the key's properties.
     template <class T>
     bool add_property(const tstringW& name, T& field, bool flag) {
-        if (m_properties.contains(name)) return false;
-        m_properties.emplace(name, std::make_unique<CZovProperty>(name.c_str(), field, flag));
+        if (!m_properties) m_properties = std::make_unique<Properties>();
+        if (m_properties->contains(name)) return false;
+        m_properties->emplace(name, std::make_unique<CZovProperty>(name.c_str(), field, flag));
         return true;
     }
     /// False if there is no such property.
     template <class T>
     bool set_property(const tstringW& name, const T& value, bool) {
-        const auto found = m_properties.find(name);
-        if (found == m_properties.end()) return false;
-        found->second->set_value(value, true);
-        return true;
+        CZovProperty* property = find_property(name);
+        if (property) property->set_value(value, true);
+        return property;
     }
     template <class T>
     bool get_property(const tstringW& name, T& value) const {
-        const auto found = m_properties.find(name);
-        if (found == m_properties.end()) return false;
-        found->second->get_value(value);
-        return true;
+        const CZovProperty* property = find_property(name);
+        if (property) property->get_value(value);
+        return property;
     }
 
+    using Properties = std::map<tstringW, std::unique_ptr<CZovProperty>>;
+    /// Null until an editor asks for the first. A show has keys by the hundred thousand, and none that is edited.
+    std::unique_ptr<Properties> m_properties;
+    /// Behind the pointer, where the values of the kinds of keys follow without a gap.
     float m_time;
-    std::map<tstringW, std::unique_ptr<CZovProperty>> m_properties;
+
+private:
+    CZovProperty* find_property(const tstringW& name) const;
 };

@@ -15,6 +15,14 @@ struct NearKeys {
     const Key* first() const { return before ? before : after; }
     bool both() const { return before && after; }
     bool none() const { return !before && !after; }
+
+    /// Whether two neighbours of a sorted track are still those around the moment; null stands for the track's end.
+    bool are_around(const SAnimateContext& context) const {
+        const float time = context.m_time;
+        if (context.m_speed < 0.0f)
+            return (!before || !(time < before->get_time())) && (!after || time < after->get_time());
+        return (!before || time > before->get_time()) && (!after || !(time > after->get_time()));
+    }
 };
 
 /// The track as one of that kind of key, or null. A file can store any number as a track's type, so the number alone
@@ -50,8 +58,11 @@ Value mixed_field(const NearKeys<Key>& keys, float moment, Value Key::*field) {
 
 /// The alignment at a moment, which steps; a key at the moment rules already. `near` are the keys around it. Without
 /// keys `otherwise`.
-inline int alignment_at(ITrack* track, const NearKeys<SGuiAlign>& near, float moment, int otherwise) {
-    const SGuiAlign* key = near.none() ? nullptr : key_at<SGuiAlign>(track, moment);
+inline int alignment_at(ITrack* track, const NearKeys<SGuiAlign>& near, float moment, int otherwise,
+                        bool is_sorted = false) {
+    // In a sorted track a key at the moment is the earlier of them, unless the later one reaches back to it.
+    const bool is_first = is_sorted && (!near.after || near.after->get_time() - time_tolerance >= moment);
+    const SGuiAlign* key = near.none() || is_first ? nullptr : key_at<SGuiAlign>(track, moment);
     if (!key) key = near.first();
     return key ? key->m_align : otherwise;
 }

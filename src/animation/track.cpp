@@ -6,6 +6,7 @@
 
 template <class T>
 TBaseTrack<T>::~TBaseTrack() {
+    ++track_changes;
     for (IKey* key : m_keys) delete key;
 }
 
@@ -29,7 +30,9 @@ void TBaseTrack<T>::save_to_node(pack_node* node, const save_operation& operatio
 template <class T>
 void TBaseTrack<T>::on_parse(pack_node* node, const load_operation& operation) {
     IBaseItem::on_parse(node, operation);
-    node->get_property("type", PAK_INT, &m_track_type);
+    int type = m_track_type;
+    node->get_property("type", PAK_INT, &type);
+    set_track_type(type);
     pack_node* keys = node->find_child("keys");
     if (!keys) return;
     for (pack_node* child : *keys->get_children()) {
@@ -51,6 +54,7 @@ bool TBaseTrack<T>::create_key(float time, bool append) {
 
 template <class T>
 void TBaseTrack<T>::note_order() {
+    ++track_changes;
     // Times that are no numbers are in no order either.
     const auto descends = [](const IKey* a, const IKey* b) { return !(a->m_time <= b->m_time); };
     m_sorted = std::adjacent_find(m_keys.begin(), m_keys.end(), descends) == m_keys.end();
@@ -99,6 +103,7 @@ std::size_t TBaseTrack<T>::behind_last_with(Condition condition) {
 
 template <class T>
 void TBaseTrack<T>::place_key(std::size_t place, IKey* key) {
+    ++track_changes;
     const bool follows = place == 0 || m_keys[place - 1]->m_time <= key->m_time;
     const bool precedes = place == m_keys.size() || key->m_time <= m_keys[place]->m_time;
     m_sorted = m_sorted && follows && precedes;
@@ -129,6 +134,7 @@ void TBaseTrack<T>::remove_key(float time) {
     const std::size_t place = first_with(
         [&](const IKey& key) { return is_searchable() ? time < key.m_time + m_time_tolerance : is_at(key, time); });
     if (place == m_keys.size() || !is_at(*m_keys[place], time)) return;
+    ++track_changes;
     delete m_keys[place];
     m_keys.erase(m_keys.begin() + static_cast<std::ptrdiff_t>(place));
 }

@@ -1,10 +1,18 @@
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "animation/keys.h"
 #include "engine/engine_system.h"
 
 /// The half width of the span in which two times count as one moment, in seconds.
 inline constexpr float time_tolerance = 0.03003003f;
+
+/// Counts up with each change of any track after which other keys than before can be those around a moment: of its
+/// list, its order or its type, its being lent, its end. What was found under one count holds as long as the count
+/// does.
+inline std::uint64_t track_changes = 1;
 
 /// The keys of one animated property. Owns them. Does not interpolate: what values mean is the node's.
 template <class T>
@@ -26,12 +34,16 @@ public:
     /// From here on the caller can put anything into the list at any time, so each search walks.
     std::vector<IKey*>& get_keys() override {
         m_lent = true;
+        ++track_changes;
         return m_keys;
     }
     using ITrack::get_value;
     void get_value(float time, tstringW& value) override;
     int get_track_type() override { return m_track_type; }
-    void set_track_type(int type) override { m_track_type = type; }
+    void set_track_type(int type) override {
+        m_track_type = type;
+        ++track_changes;
+    }
     /// By time; equal times keep their order.
     void sort_keys() override;
     void update_keys() override {
@@ -50,6 +62,9 @@ public:
 
     /// For those that leave order and times alone; without null entries, which only a lent list can get.
     const std::vector<IKey*>& keys();
+
+    /// The keys stand in the order of time, and nobody else can change the list.
+    bool is_searchable() const { return m_sorted && !m_lent; }
 
     /// For an operation of many searches in which nobody else touches the keys: looks at the order of a lent list once,
     /// so that all of them can halve.
@@ -71,7 +86,6 @@ public:
 
 private:
     bool is_at(const IKey& key, float time) const;
-    bool is_searchable() const { return m_sorted && !m_lent; }
     void note_order();
     void place_key(std::size_t place, IKey* key);
     /// The place of the first key that meets a condition which, once it holds in the order of time, goes on holding.
@@ -84,16 +98,16 @@ private:
     std::size_t behind_last_with(Condition condition);
 
     std::vector<IKey*> m_keys;
-    // The times ascend, as far as this class has seen to it.
-    bool m_sorted = true;
     // Where the last search ended: the next moment of a play lies there or one on.
     std::size_t m_last_place = 0;
-    // Somebody outside holds the list and may change it.
-    bool m_lent = false;
     float m_time_tolerance = time_tolerance;
     int m_track_type = 0;
-    bool m_active = true;
     int m_track_data = 0;
+    // The times ascend, as far as this class has seen to it.
+    bool m_sorted = true;
+    // Somebody outside holds the list and may change it.
+    bool m_lent = false;
+    bool m_active = true;
 };
 
 extern template class TBaseTrack<SGuiOffset>;

@@ -143,6 +143,93 @@ TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
     }
 }
 
+// Of two shapes that are animated alike, one has tracks whose lists somebody holds: each of its searches is a walk.
+TEST_F(Searches, AStepGoesOnWhereWalksWouldGo) {
+    CSimpleGUIDialog* parent = dialog({0, 0, 400, 300});
+    const auto any_tick = [&] { return static_cast<float>(random() % 400); };
+    for (int trial = 0; trial < 150; ++trial) {
+        std::array<CSimpleGUIShape*, 2> shapes{};
+        std::array<CMyComPtr<CAnimNodeBase>, 2> nodes;
+        for (std::size_t at = 0; at < 2; ++at) {
+            shapes[at] = shape(parent, {10, 10, 90, 40});
+            nodes[at] =
+                AnimSystemLibrary::create_anim_node_by_type(&engine, ANIM_NODE_TYPE_GUI, shapes[at]->m_actor->get_id());
+        }
+        const auto with_both = [&](auto change) {
+            for (const auto& node : nodes) change(*node);
+        };
+        const auto set_key = [&](unsigned type, float time, bool append) {
+            const auto number = static_cast<float>(random() % 200);
+            with_both([&](CAnimNodeBase& node) {
+                ITrack* track = node.get_track(type);
+                if (!track) return;
+                track->create_key(time, append);
+                IKey* key = track->find_key(time);
+                if (auto* offset = dynamic_cast<SGuiOffset*>(key)) offset->m_offset = {number, 2 * number};
+                if (auto* size = dynamic_cast<SGuiSize*>(key)) size->m_size = {number, number + 1};
+                if (auto* visible = dynamic_cast<SGuiVisible*>(key)) visible->m_visible = number < 100;
+                if (auto* align = dynamic_cast<SGuiAlign*>(key)) align->m_align = static_cast<int>(number) % 10;
+                if (auto* color = dynamic_cast<SGuiColor*>(key)) color->m_color.x = number;
+            });
+        };
+        const auto any_type = [&] { return TRACK_TYPE_OFFSET + static_cast<unsigned>(random() % 5); };
+        for (int key = 0; key < 30; ++key) set_key(any_type(), any_tick() * 0.01f, trial % 3 == 0);
+        with_both([](CAnimNodeBase& node) {
+            for (ITrack* track : node.get_tracklist()) track->sort_keys();
+        });
+        for (ITrack* track : nodes[1]->get_tracklist()) track->get_keys();
+        SAnimateContext context;
+        if (trial % 2 == 0) context.m_speed = -1;
+        auto ticks = static_cast<int>(any_tick());
+        for (int step = 0; step < 80; ++step) {
+            const auto type = any_type();
+            const float time = any_tick() * 0.01f;
+            switch (random() % (trial % 4 == 0 ? 40 : 400)) {
+                case 0:
+                    set_key(type, time, true);
+                    break;
+                case 1:
+                    set_key(type, time, false);
+                    break;
+                case 2:
+                    with_both([&](CAnimNodeBase& node) { node.remove_track(node.get_track(type)); });
+                    break;
+                case 3:
+                    with_both([&](CAnimNodeBase& node) { node.add_track(type); });
+                    break;
+                case 4:
+                    with_both([&](CAnimNodeBase& node) { std::ranges::reverse(node.get_tracklist()); });
+                    break;
+                case 5:
+                    context.m_speed = -context.m_speed;
+                    break;
+                case 6:
+                    context.m_time = time;
+                    break;
+                default:
+                    break;
+            }
+            with_both([&, change = random() % (trial % 3 == 0 ? 30 : 100)](CAnimNodeBase& node) {
+                ITrack* track = node.get_track(type);
+                if (!track) return;
+                IKey* key = track->find_key(context.m_time);
+                if (change == 0) track->remove_key(context.m_time);
+                if (change == 1) track->sort_keys();
+                if (change == 3 && key) key->m_time = time;
+                if (change == 3) track->update_keys();
+                if (change == 2) track->set_track_type(static_cast<int>(TRACK_TYPE_COLOR));
+            });
+            context.m_time = static_cast<float>(ticks += context.m_speed < 0 ? -1 : 1) * 0.01f;
+            with_both([&](CAnimNodeBase& node) { node.animate(context); });
+            EXPECT_EQ(shapes[0]->m_rect, shapes[1]->m_rect) << trial << ", " << step;
+            EXPECT_EQ(shapes[0]->m_color, shapes[1]->m_color) << trial << ", " << step;
+            EXPECT_EQ(shapes[0]->m_actor->is_visible(), shapes[1]->m_actor->is_visible()) << trial << ", " << step;
+            EXPECT_EQ(shapes[0]->m_bScaleMode, shapes[1]->m_bScaleMode) << trial << ", " << step;
+        }
+        for (CSimpleGUIShape* gone : shapes) engine.destroy(gone);
+    }
+}
+
 // A dialog whose size plays, with a shape that moves inside: each step rescales the shape's keys.
 TEST_F(Searches, AskForNoMemoryInASteadyStep) {
     CSimpleGUIDialog* parent = dialog({0, 0, 100, 100});
