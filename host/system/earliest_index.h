@@ -1,9 +1,10 @@
 #pragma once
 
+#include <tsl/robin_set.h>
+
 #include <cstdint>
 #include <map>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace host {
@@ -74,7 +75,8 @@ private:
             return key == KeyOf()(*entry.first);
         }
     };
-    std::unordered_set<Entry, Hash, Equal> m_entries;
+    // In one block, with the hashes beside the entries: a look-up reads one place, then the actor itself.
+    tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true> m_entries;
     // Those behind the first of a key, by that first; most keys have none.
     std::unordered_map<const Actor*, Others> m_others;
 };
