@@ -4,16 +4,19 @@
 
 #include "animation/animated_item.h"
 #include "animation/interpolation.h"
+#include "animation/node_order.h"
 #include "layout/anchors.h"
 
 CSimpleGUIAnimNode::CSimpleGUIAnimNode(const CGuid& item_id, CSimpleGUIManager* manager)
     : CAnimNodeBase(static_cast<EAnimNodeType>(ANIM_NODE_TYPE_GUI), item_id), m_manager(manager) {
-    enter_step_order();
+    for (NodeOrder* order : {&node_orders.steps, &node_orders.rescalings}) {
+        order->reserve(m_manager->m_anim_nodes.size() + 1);
+    }
     m_manager->m_anim_nodes.push_back(this);
 }
 
 CSimpleGUIAnimNode::~CSimpleGUIAnimNode() {
-    leave_step_order();
+    for (NodeOrder* order : {&node_orders.steps, &node_orders.rescalings}) order->forget();
     if (m_manager) m_manager->m_anim_nodes.remove(this);
 }
 
@@ -45,7 +48,7 @@ void CSimpleGUIAnimNode::rebind_id(CGuid item_id) {
 }
 
 void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
-    approach_next_nodes();
+    approach_next_steps();
     step_to(context);
     // A copy: what the engine does with a new visibility may set off another step.
     const StepKeys keys = m_step.keys;

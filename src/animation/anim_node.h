@@ -58,10 +58,12 @@ private:
         const IBaseItem* item = nullptr;
     };
 
-    void enter_step_order();
-    void leave_step_order();
-    /// Fetches what the nodes will read that are animated next.
-    void approach_next_nodes();
+    /// Fetches what the nodes will read that are animated next, or rescaled next.
+    void approach_next_steps();
+    void approach_next_rescalings();
+    /// Visits the tracks that a rescaling reads.
+    template <class Visit>
+    void each_rescaled_track(Visit visit) const;
     /// Finds the keys around the moment.
     void step_to(const SAnimateContext& context);
     /// The keys of the last step are still neighbours.

@@ -32,14 +32,19 @@ TBaseTrack<Key>* track_of(ITrack* track) {
     return track && typeid(*track) == typeid(TBaseTrack<Key>) ? static_cast<TBaseTrack<Key>*>(track) : nullptr;
 }
 
+/// None without a track.
 template <class Key>
-NearKeys<Key> near_keys(ITrack* any_track, const SAnimateContext& context) {
-    TBaseTrack<Key>* track = track_of<Key>(any_track);
+NearKeys<Key> near_keys(TBaseTrack<Key>* track, const SAnimateContext& context) {
     if (!track) return {};
     IKey* before = nullptr;
     IKey* after = nullptr;
     track->get_near_keys(context, before, after);
     return {static_cast<Key*>(before), static_cast<Key*>(after)};
+}
+
+template <class Key>
+NearKeys<Key> near_keys(ITrack* any_track, const SAnimateContext& context) {
+    return near_keys(track_of<Key>(any_track), context);
 }
 
 template <class Key>

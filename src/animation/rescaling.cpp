@@ -2,6 +2,7 @@
 // another view, the form that leads stays and the other is computed anew. Alignment 9 lets the fractions lead, any
 // other the pixels.
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "animation/interpolation.h"
 #include "animation/near_keys.h"
 #include "animation/node_index.h"
+#include "animation/node_order.h"
 #include "layout/anchors.h"
 #include "layout/rounding.h"
 
@@ -54,23 +56,40 @@ VEC2 place_in_frame(const AnimatedItem& item) {
             static_cast<float>(saturated(std::int64_t{rect.top} - origin.top))};
 }
 
-bool percent_leads_at(ITrack* aligns, const SAnimateContext& context, const AnimatedItem& item) {
-    const auto near = near_keys<SGuiAlign>(aligns, context);
-    return alignment_at(aligns, near, context.m_time, item.alignment()) == ALIGN_SCALE;
+bool percent_leads_at(TBaseTrack<SGuiAlign>* aligns, const SAnimateContext& context, int otherwise) {
+    const auto near = near_keys(aligns, context);
+    const bool is_sorted = aligns && aligns->is_searchable();
+    return alignment_at(aligns, near, context.m_time, otherwise, is_sorted) == ALIGN_SCALE;
 }
 
-// What each key of the track says at its own moment.
-template <class Key>
-void evaluate_keys(TBaseTrack<Key>& track, const Fields<Key>& fields, ITrack* aligns, const AnimatedItem& item,
-                   std::vector<BothForms>& results) {
-    const VEC2 frame = size_of(item.frame);
-    results.clear();
-    for (const IKey* key : track.keys()) {
-        SAnimateContext context;
-        context.m_time = key->get_time();
-        results.push_back(forms_at(near_keys<Key>(&track, context), fields, context.m_time,
-                                   percent_leads_at(aligns, context, item), frame));
+// Whether the fractions lead at a moment. Keys of place and size mostly stand at the same moments, so that the last
+// answer serves again.
+class Leading {
+public:
+    Leading(TBaseTrack<SGuiAlign>* aligns, int otherwise) : m_aligns(aligns), m_otherwise(otherwise) {}
+    bool percent_at(const SAnimateContext& context) {
+        if (m_is_known && context.m_time == m_time) return m_percent_leads;
+        m_is_known = true;
+        m_time = context.m_time;
+        return m_percent_leads = percent_leads_at(m_aligns, context, m_otherwise);
     }
+
+private:
+    TBaseTrack<SGuiAlign>* m_aligns;
+    int m_otherwise;
+    bool m_is_known = false;
+    float m_time = 0.0f;
+    bool m_percent_leads = false;
+};
+
+// What the key at that place of the track says at its own moment. Nothing behind the last.
+template <class Key>
+void evaluate_key(TBaseTrack<Key>& track, std::size_t place, const Fields<Key>& fields, Leading& leading,
+                  const VEC2& frame, std::vector<BothForms>& results) {
+    if (place >= track.keys().size()) return;
+    SAnimateContext context;
+    context.m_time = track.keys()[place]->get_time();
+    results.push_back(forms_at(near_keys(&track, context), fields, context.m_time, leading.percent_at(context), frame));
 }
 
 template <class Key>
@@ -95,7 +114,8 @@ void CSimpleGUIAnimNode::evaluate_at(const SAnimateContext& context, IActor* act
     const VEC2 frame = size_of(item.frame);
     const auto offsets = near_keys<SGuiOffset>(get_track(TRACK_TYPE_OFFSET), context);
     const auto sizes = near_keys<SGuiSize>(get_track(TRACK_TYPE_SIZE), context);
-    const bool percent_leads = percent_leads_at(get_track(TRACK_TYPE_ALIGN), context, item);
+    auto* aligns = track_of<SGuiAlign>(get_track(TRACK_TYPE_ALIGN));
+    const bool percent_leads = percent_leads_at(aligns, context, item.alignment());
 
     const BothForms place = offsets.none() ? from_pixels(place_in_frame(item), frame)
                                            : forms_at(offsets, offset_fields, context.m_time, percent_leads, frame);
@@ -107,21 +127,60 @@ void CSimpleGUIAnimNode::evaluate_at(const SAnimateContext& context, IActor* act
     size_percent = extent.percent;
 }
 
+template <class Visit>
+void CSimpleGUIAnimNode::each_rescaled_track(Visit visit) const {
+    for (ITrack* any_track : m_tracks) {
+        if (const auto* offsets = track_of<SGuiOffset>(any_track)) visit(*offsets);
+        if (const auto* sizes = track_of<SGuiSize>(any_track)) visit(*sizes);
+        if (const auto* aligns = track_of<SGuiAlign>(any_track)) visit(*aligns);
+    }
+}
+
+// From node to tracks to lists to keys, each a node nearer, when what leads there has come.
+void CSimpleGUIAnimNode::approach_next_rescalings() {
+    NodeOrder& order = node_orders.rescalings;
+    order.enter(this);
+    if (const CSimpleGUIAnimNode* node = order.ahead(5)) fetch_all(node, sizeof *node);
+    if (const CSimpleGUIAnimNode* node = order.ahead(4)) fetch(node->m_tracks.data());
+    if (const CSimpleGUIAnimNode* node = order.ahead(3)) {
+        for (const ITrack* track : node->m_tracks) fetch_all(track, sizeof(TBaseTrack<SGuiOffset>));
+    }
+    if (const CSimpleGUIAnimNode* node = order.ahead(2)) {
+        node->each_rescaled_track(
+            [](const auto& track) { fetch_all(track.all_keys().data(), track.all_keys().size() * sizeof(IKey*)); });
+    }
+    if (const CSimpleGUIAnimNode* node = order.ahead(1)) {
+        node->each_rescaled_track([]<class Key>(const TBaseTrack<Key>& track) {
+            for (const IKey* key : track.all_keys()) {
+                fetch(key);
+                fetch(static_cast<const Key*>(key) + 1);
+            }
+        });
+    }
+}
+
 void CSimpleGUIAnimNode::rescale_keys(IActor* actor) {
+    approach_next_rescalings();
     auto* offsets = track_of<SGuiOffset>(get_track(TRACK_TYPE_OFFSET));
     auto* sizes = track_of<SGuiSize>(get_track(TRACK_TYPE_SIZE));
-    ITrack* aligns = get_track(TRACK_TYPE_ALIGN);
-    if (!offsets || !sizes || !aligns) return;
+    ITrack* any_aligns = get_track(TRACK_TYPE_ALIGN);
+    if (!offsets || !sizes || !any_aligns) return;
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists() || !item.has_frame) return;
-    auto* known_aligns = track_of<SGuiAlign>(aligns);
+    auto* aligns = track_of<SGuiAlign>(any_aligns);
     const TBaseTrack<SGuiOffset>::KnownOrder offsets_in_order(*offsets);
     const TBaseTrack<SGuiSize>::KnownOrder sizes_in_order(*sizes);
     std::optional<TBaseTrack<SGuiAlign>::KnownOrder> aligns_in_order;
-    if (known_aligns) aligns_in_order.emplace(*known_aligns);
+    if (aligns) aligns_in_order.emplace(*aligns);
     // All evaluations come ahead of the first write: the one at a key's moment reads the key's neighbours.
-    evaluate_keys(*offsets, offset_fields, aligns, item, offset_results);
-    evaluate_keys(*sizes, size_fields, aligns, item, size_results);
+    offset_results.clear();
+    size_results.clear();
+    Leading leading(aligns, item.alignment());
+    const VEC2 frame = size_of(item.frame);
+    for (std::size_t at = 0, end = std::max(offsets->keys().size(), sizes->keys().size()); at < end; ++at) {
+        evaluate_key(*offsets, at, offset_fields, leading, frame, offset_results);
+        evaluate_key(*sizes, at, size_fields, leading, frame, size_results);
+    }
     store_keys(*offsets, offset_fields, offset_results);
     store_keys(*sizes, size_fields, size_results);
 }

@@ -5,23 +5,15 @@
 #include <iterator>
 
 #include "animation/anim_node.h"
-#include "animation/step_order.h"
-#include "layout/approach.h"
+#include "animation/node_order.h"
 #include "layout/shape.h"
 #include "module/manager.h"
 
 namespace {
 
-StepOrder step_order;
-
 // In nodes: from so far ahead a node is fetched, and then what it points to.
 constexpr std::size_t far_node = 8;
 constexpr std::size_t near_node = 4;
-
-void fetch_from(const void* object, std::size_t bytes) {
-    constexpr std::size_t line = 64;
-    for (std::size_t at = 0; at < bytes; at += line) fetch(static_cast<const char*>(object) + at);
-}
 
 template <class Key>
 void fetch_keys(const NearKeys<Key>& keys) {
@@ -39,17 +31,15 @@ bool is_searchable(ITrack* any_track) {
 
 }  // namespace
 
-void CSimpleGUIAnimNode::enter_step_order() { step_order.reserve(m_manager->m_anim_nodes.size() + 1); }
-void CSimpleGUIAnimNode::leave_step_order() { step_order.forget(); }
-
-void CSimpleGUIAnimNode::approach_next_nodes() {
-    step_order.enter(this);
-    if (const CSimpleGUIAnimNode* node = step_order.ahead(far_node)) fetch_from(node, sizeof *node);
-    const CSimpleGUIAnimNode* node = step_order.ahead(near_node);
+void CSimpleGUIAnimNode::approach_next_steps() {
+    NodeOrder& order = node_orders.steps;
+    order.enter(this);
+    if (const CSimpleGUIAnimNode* node = order.ahead(far_node)) fetch_all(node, sizeof *node);
+    const CSimpleGUIAnimNode* node = order.ahead(near_node);
     if (!node) return;
     fetch(node->m_tracks.data());
     fetch(node->m_step.actor);
-    fetch_from(node->m_step.item, sizeof(CSimpleGUIShape));
+    fetch_all(node->m_step.item, sizeof(CSimpleGUIShape));
     const StepKeys& keys = node->m_step.keys;
     fetch_keys(keys.offsets);
     fetch_keys(keys.sizes);

@@ -16,7 +16,7 @@ inline std::uint64_t track_changes = 1;
 
 /// The keys of one animated property. Owns them. Does not interpolate: what values mean is the node's.
 template <class T>
-class TBaseTrack : public ITrack {
+class TBaseTrack final : public ITrack {
 public:
     TBaseTrack() = default;
     TBaseTrack(const TBaseTrack&) = delete;
@@ -62,6 +62,8 @@ public:
 
     /// For those that leave order and times alone; without null entries, which only a lent list can get.
     const std::vector<IKey*>& keys();
+    /// With them.
+    const std::vector<IKey*>& all_keys() const { return m_keys; }
 
     /// The keys stand in the order of time, and nobody else can change the list.
     bool is_searchable() const { return m_sorted && !m_lent; }
