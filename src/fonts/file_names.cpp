@@ -4,12 +4,12 @@
 #include <array>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <map>
 
 #include "engine/services.h"
 #include "fonts/code_units.h"
 #include "fonts/sfnt_names.h"
+#include "platform/input_file.h"
 #include "platform/platform.h"
 
 namespace {
@@ -19,14 +19,13 @@ namespace fs = std::filesystem;
 /// A file that is read in small pieces from near each other, through a window.
 class FontFile {
 public:
-    explicit FontFile(const fs::path& path) : m_file(path, std::ios::binary) {}
-    bool is_open() const { return m_file.is_open(); }
+    explicit FontFile(platform::InputFile& file) : m_file(file) {}
 
     std::size_t read(std::uint64_t position, unsigned char* target, std::size_t count) {
-        if (count > m_window.size()) return read_past_window(position, target, count);
+        if (count > m_window.size()) return m_file.read(position, target, count);
         if (position < m_start || position + count > m_start + m_filled) {
             m_start = position;
-            m_filled = read_past_window(position, m_window.data(), m_window.size());
+            m_filled = m_file.read(position, m_window.data(), m_window.size());
         }
         const std::size_t there = std::min(count, m_filled - static_cast<std::size_t>(position - m_start));
         std::memcpy(target, m_window.data() + (position - m_start), there);
@@ -34,15 +33,7 @@ public:
     }
 
 private:
-    std::size_t read_past_window(std::uint64_t position, unsigned char* target, std::size_t count) {
-        m_file.clear();
-        m_file.seekg(static_cast<std::streamoff>(position));
-        if (!m_file) return 0;
-        m_file.read(reinterpret_cast<char*>(target), static_cast<std::streamsize>(count));
-        return static_cast<std::size_t>(m_file.gcount());
-    }
-
-    std::ifstream m_file;
+    platform::InputFile& m_file;
     std::array<unsigned char, 4096> m_window;
     std::uint64_t m_start = 0;
     std::size_t m_filled = 0;
@@ -63,43 +54,27 @@ tstringW text_of(const StoredName& name) {
     return text;
 }
 
-/// False where the file can't be opened.
-bool read_names(const fs::path& path, FontFileKind kind, std::vector<tstringW>& names) {
-    FontFile file(path);
-    if (!file.is_open()) return false;
+std::vector<tstringW> read_names(platform::InputFile& input, FontFileKind kind) {
+    FontFile file(input);
     const ByteReader reader = [&file](std::uint64_t position, unsigned char* target, std::size_t count) {
         return file.read(position, target, count);
     };
+    std::vector<tstringW> names;
     for (const StoredName& name : kind == FontFileKind::SINGLE ? names_of_font(reader) : names_of_collection(reader)) {
         tstringW text = text_of(name);
         if (!text.empty()) names.push_back(std::move(text));
     }
-    return true;
-}
-
-/// How a file looks from outside.
-struct Stamp {
-    std::uintmax_t size;
-    fs::file_time_type time;
-    bool operator==(const Stamp&) const = default;
-};
-
-// Devices and pipes, which have no end, are no font files.
-bool read_stamp(const fs::path& path, Stamp& stamp) {
-    std::error_code problem;
-    if (!fs::is_regular_file(path, problem)) return false;
-    stamp.size = fs::file_size(path, problem);
-    if (problem) return false;
-    stamp.time = fs::last_write_time(path, problem);
-    return !problem;
+    return names;
 }
 
 // A file that was written a moment ago may change once more within the same tick of the file system's clock, and would
 // then look as before.
-bool is_settled(const Stamp& stamp) { return fs::file_time_type::clock::now() - stamp.time > std::chrono::seconds(2); }
+bool is_settled(const platform::FileStamp& stamp) {
+    return fs::file_time_type::clock::now() - stamp.time > std::chrono::seconds(2);
+}
 
 struct Known {
-    Stamp stamp;
+    platform::FileStamp stamp;
     std::vector<tstringW> names;
 };
 using Key = std::pair<tstringW, FontFileKind>;
@@ -113,21 +88,19 @@ std::map<Key, Known>& known_files() {
 
 std::vector<tstringW> names_of_file(const tstringW& path, FontFileKind kind) {
     const fs::path file = platform::file_path(path);
-    Stamp stamp;
-    if (!read_stamp(file, stamp)) return {};
+    platform::FileStamp stamp;
+    if (!platform::read_stamp(file, stamp)) return {};
     const Key key{path, kind};
     const auto known = known_files().find(key);
     if (known != known_files().end() && known->second.stamp == stamp) return known->second.names;
-    std::vector<tstringW> names;
-    const bool was_read = read_names(file, kind, names);
-    if (was_read && is_settled(stamp)) known_files().insert_or_assign(key, Known{stamp, names});
+    platform::InputFile input(file);
+    if (!input.is_open()) return {};
+    std::vector<tstringW> names = read_names(input, kind);
+    if (is_settled(input.stamp())) known_files().insert_or_assign(key, Known{input.stamp(), names});
     return names;
 }
 
 std::vector<tstringW> read_names_of_file(const tstringW& path, FontFileKind kind) {
-    const fs::path file = platform::file_path(path);
-    Stamp ignored;
-    std::vector<tstringW> names;
-    if (read_stamp(file, ignored)) (void)read_names(file, kind, names);
-    return names;
+    platform::InputFile input(platform::file_path(path));
+    return input.is_open() ? read_names(input, kind) : std::vector<tstringW>();
 }
