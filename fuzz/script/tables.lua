@@ -1,4 +1,4 @@
-local t = {3, 1, 2}
-table.sort(t, function(a, b) return a > b end)
-table.insert(t, 1, 9) table.remove(t)
-return table.concat(t, ','), table.unpack(table.move(t, 1, 2, 3)), select('#', pairs(t))
+local t = setmetatable({}, {__index = function(_, k) return k .. "x" end})
+for i = 1, 9 do t[i] = t[i - 1] end
+table.sort(t, function(a, b) return #a > #b end)
+print(table.concat(t, ","), select("#", table.unpack(t)))
