@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <map>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
+
+#include "host/system/pointer_table.h"
 
 namespace host {
 
@@ -15,66 +16,60 @@ class EarliestIndex {
 public:
     /// The actor is not in the index yet.
     void add(Actor* actor) {
-        const auto [entry, is_first] = m_entries.insert(Entry{actor});
-        if (is_first) return;
-        Others others = taken_others(entry->first);
-        if (actor->serial() < entry->first->serial()) std::swap(actor, entry->first);
+        const auto key = KeyOf()(*actor);
+        const std::size_t hash = KeyHash()(key);
+        const Place* place = place_of(key, hash);
+        if (!place) {
+            m_firsts.insert(hash, actor);
+            return;
+        }
+        Others others = taken_others(place->pointer);
+        if (actor->serial() < place->pointer->serial()) {
+            Actor* const later = place->pointer;
+            m_firsts.exchange(place, actor);
+            actor = later;
+        }
         others.emplace(actor->serial(), actor);
-        m_others.emplace(entry->first, std::move(others));
+        m_others.emplace(place->pointer, std::move(others));
     }
     /// An actor that is not in the index is passed over.
     void remove(const Actor* actor) {
-        const auto entry = m_entries.find(KeyOf()(*actor));
-        if (entry == m_entries.end()) return;
-        Others others = taken_others(entry->first);
-        if (entry->first != actor) {
+        const auto key = KeyOf()(*actor);
+        const Place* place = place_of(key, KeyHash()(key));
+        if (!place) return;
+        Others others = taken_others(place->pointer);
+        if (place->pointer != actor) {
             others.erase(actor->serial());
         } else if (others.empty()) {
-            m_entries.erase(entry);
+            m_firsts.erase(place);
             return;
         } else {
-            entry->first = others.extract(others.begin()).mapped();
+            m_firsts.exchange(place, others.extract(others.begin()).mapped());
         }
-        if (!others.empty()) m_others.emplace(entry->first, std::move(others));
+        if (!others.empty()) m_others.emplace(place->pointer, std::move(others));
     }
     /// Null if there is none.
     template <class Key>
     Actor* find(const Key& key) const {
-        const auto entry = m_entries.find(key);
-        return entry == m_entries.end() ? nullptr : entry->first;
+        const Place* place = place_of(key, KeyHash()(key));
+        return place ? place->pointer : nullptr;
     }
 
 private:
     using Others = std::map<std::uint64_t, Actor*>;
-    // Exchanging the first of a key for another of them leaves the key what it is.
-    struct Entry {
-        mutable Actor* first;
-    };
+    using Place = typename PointerTable<Actor>::Place;
+
+    template <class Key>
+    const Place* place_of(const Key& key, std::size_t hash) const {
+        return m_firsts.find(hash, [&key](const Actor& actor) { return key == KeyOf()(actor); });
+    }
     Others taken_others(const Actor* first) {
+        if (m_others.empty()) return {};
         auto node = m_others.extract(first);
         return node.empty() ? Others() : std::move(node.mapped());
     }
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(const Entry& entry) const { return KeyHash()(KeyOf()(*entry.first)); }
-        template <class Key>
-        std::size_t operator()(const Key& key) const {
-            return KeyHash()(key);
-        }
-    };
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(const Entry& a, const Entry& b) const { return KeyOf()(*a.first) == KeyOf()(*b.first); }
-        template <class Key>
-        bool operator()(const Key& key, const Entry& entry) const {
-            return key == KeyOf()(*entry.first);
-        }
-        template <class Key>
-        bool operator()(const Entry& entry, const Key& key) const {
-            return key == KeyOf()(*entry.first);
-        }
-    };
-    std::unordered_set<Entry, Hash, Equal> m_entries;
+
+    PointerTable<Actor> m_firsts;
     // Those behind the first of a key, by that first; most keys have none.
     std::unordered_map<const Actor*, Others> m_others;
 };

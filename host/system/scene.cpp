@@ -22,6 +22,14 @@ std::size_t IdHash::operator()(const CGuid& id) const {
     return std::hash<std::string_view>()({bytes, sizeof id});
 }
 
+namespace {
+
+auto place_in(const PointerTable<Actor>& table, const IActor* actor, std::size_t hash) {
+    return table.find(hash, [actor](const Actor& other) { return &other == actor; });
+}
+
+}  // namespace
+
 Scene::~Scene() { clear(); }
 
 void Scene::add_property_item(IBaseItem* item, tstringW name) {
@@ -48,8 +56,8 @@ Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, 
     const std::uint64_t serial = m_next_serial++;
     Actor& actor = m_actors.emplace_back(*this, item, serial, id, name);
     actor.m_self = std::prev(m_actors.end());
-    m_alive.emplace(&actor, &actor);
-    link(actor, parent ? m_alive.at(parent) : nullptr);
+    m_alive.insert(hash_of(&actor), &actor);
+    link(actor, living(parent));
     enter_indexes(actor);
     item->m_actor = &actor;
     return &actor;
@@ -57,27 +65,27 @@ Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, 
 
 void Scene::delete_actor(IActor* actor) {
     if (!actor || !holds(actor)) return;
-    if (on_delete) on_delete(*m_alive.at(actor));
+    if (on_delete) on_delete(*living(actor));
     destroy_tree(actor);
 }
 
 // Children first: an item that goes may still look at the item above it. A loop, since a project may hang its items one
 // below the other as deep as it likes.
 void Scene::destroy_tree(IActor* actor) {
-    Actor* at = holds(actor) ? m_alive.at(actor) : nullptr;
+    Actor* at = living(actor);
     while (at) {
         while (!at->m_children.empty()) at = at->m_children.back();
         IActor* above = at == actor ? nullptr : at->m_parent;
         destroy_one(*at);
         // The end of an item may have ended others.
         if (above && !holds(above)) above = holds(actor) ? actor : nullptr;
-        at = above ? m_alive.at(above) : nullptr;
+        at = living(above);
     }
 }
 
 void Scene::delete_actor_alone(IActor* actor) {
     if (!actor || !holds(actor)) return;
-    Actor& alone = *m_alive.at(actor);
+    Actor& alone = *living(actor);
     while (!alone.m_children.empty()) {
         Actor& child = *alone.m_children.front();
         unlink(child);
@@ -90,7 +98,7 @@ void Scene::destroy_one(Actor& actor) {
     m_selection.forget(&actor);
     leave_indexes(actor);
     unlink(actor);
-    m_alive.erase(&actor);
+    m_alive.erase(place_in(m_alive, &actor, hash_of(&actor)));
     // The actor itself outlives its item: the item may ask it for its name while it goes.
     std::list<Actor> going;
     going.splice(going.begin(), m_actors, actor.m_self);
@@ -119,8 +127,9 @@ void Scene::restore(std::list<IActor*> actors) {
 
 void Scene::set_in_scene(const std::list<IActor*>& actors, bool in_scene) {
     for (IActor* named : actors) {
-        if (!named || !holds(named)) continue;
-        Actor& actor = *m_alive.at(named);
+        Actor* const known = living(named);
+        if (!known) continue;
+        Actor& actor = *known;
         leave_indexes(actor);
         actor.m_in_scene = in_scene;
         enter_indexes(actor);
@@ -196,6 +205,15 @@ void Scene::leave_indexes(Actor& actor) {
     m_by_name.remove(&actor);
     m_by_id.remove(&actor);
     m_by_any_name.remove(&actor);
+}
+
+std::size_t Scene::hash_of(const IActor* actor) {
+    return reinterpret_cast<std::uintptr_t>(actor) / alignof(Actor) * 0x9E3779B97F4A7C15u >> 20;
+}
+
+Actor* Scene::living(const IActor* actor) const {
+    const auto* place = actor ? place_in(m_alive, actor, hash_of(actor)) : nullptr;
+    return place ? place->pointer : nullptr;
 }
 
 void Scene::unlink(Actor& actor) {

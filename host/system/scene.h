@@ -82,7 +82,7 @@ public:
     std::vector<Actor*> actors() const;
     std::size_t size() const { return m_actors.size(); }
     /// True if the actor lives in this scene.
-    bool holds(const IActor* actor) const { return m_alive.contains(actor); }
+    bool holds(const IActor* actor) const { return living(actor) != nullptr; }
     const std::vector<PropertyItem>& property_items() const { return m_property_items; }
     /// The items may end here, so it comes ahead of the unloading of the module that made them.
     void forget_property_items() { m_property_items.clear(); }
@@ -107,6 +107,9 @@ private:
     void destroy_one(Actor& actor);
     void set_in_scene(const std::list<IActor*>& actors, bool in_scene);
     void tell(unsigned long id, std::list<IActor*>& actors);
+    /// Behind the interface; null for what is no actor of this scene, of which nothing is touched.
+    Actor* living(const IActor* actor) const;
+    static std::size_t hash_of(const IActor* actor);
     static void unlink(Actor& actor);
     static void link(Actor& actor, Actor* parent);
 
@@ -115,7 +118,7 @@ private:
     // In the order of creation.
     std::list<Actor> m_actors;
     // Interfaces to actors, so that a pointer from outside is checked ahead of use.
-    std::unordered_map<const IActor*, Actor*> m_alive;
+    PointerTable<Actor> m_alive;
     EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
     EarliestIndex<Actor, IdOf, IdHash> m_by_id;
     // The others hold what is in the scene; this one all that lives.
