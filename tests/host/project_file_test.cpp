@@ -7,6 +7,7 @@
 #include <random>
 #include <regex>
 
+#include "host/core/project_plain.h"
 #include "host/core/project_text.h"
 #include "host/core/text_conversion.h"
 
@@ -28,6 +29,10 @@ ProjectDocument reread(const ProjectDocument& document) {
     ProjectDocument back;
     std::string error;
     const std::string text = formatted(document);
+    EXPECT_TRUE(parse_plain_project(text)) << text;
+    // Without its first line the text is no plain one, and the general reader has to find the same in it.
+    EXPECT_TRUE(parse_project(text.substr(text.find('\n') + 1), "p.sgui", back, error)) << error << '\n' << text;
+    EXPECT_EQ(formatted(back), text);
     EXPECT_TRUE(parse_project(text, "p.sgui", back, error)) << error << '\n' << text;
     return back;
 }
@@ -42,8 +47,8 @@ ProjectItem& add_item(ProjectDocument& document, const tstringW& name = L"") {
 
 // The names and keys of a tree, in order.
 std::string outline(const ProjectNode& node) {
-    std::string text = node.name() + "(";
-    for (const Property& property : node.properties()) text += property.key + " ";
+    std::string text = std::string(node.name()) + "(";
+    for (const Property& property : node.properties()) text.append(property.key) += " ";
     for (const auto& child : node.children()) text += outline(*child);
     return text + ")";
 }
