@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cstring>
 #include <utility>
@@ -16,6 +17,13 @@ namespace host {
 namespace {
 
 // ---- Where what is read goes ----------------------------------------------------------------------------------------
+
+// There are numbers that differ from themselves.
+template <class Value>
+bool same_bits(const Value& a, const Value& b) {
+    using Bits = std::array<std::uint32_t, sizeof(Value) / sizeof(std::uint32_t)>;
+    return std::bit_cast<Bits>(a) == std::bit_cast<Bits>(b);
+}
 
 /// Makes the node.
 struct Building {
@@ -54,10 +62,9 @@ struct Comparing {
 
 private:
     static bool is_equal(const tstringW& a, const tstringW& b) { return a == b; }
-    // Bits, since there are numbers that differ from themselves.
     template <class Value>
     static bool is_equal(const Value& a, const Value& b) {
-        return std::memcmp(&a, &b, sizeof a) == 0;
+        return same_bits(a, b);
     }
 };
 
@@ -378,7 +385,7 @@ bool reads_back(std::string_view text, const ProjectAnimation& animation) {
     ProjectAnimation head;
     Plain plain(text);
     if (!is_text(text) || !plain.take_next("<animation") || !plain.animation_head(head)) return false;
-    if (head.name != animation.name || std::memcmp(&head.info, &animation.info, sizeof head.info) != 0) return false;
+    if (head.name != animation.name || !same_bits(head.info, animation.info)) return false;
     if (head.starts_by_itself != animation.starts_by_itself) return false;
     if (!(animation.nodes.empty() ? plain.take("/>") : plain.take(">"))) return false;
     for (const ProjectAnimNode& node : animation.nodes) {

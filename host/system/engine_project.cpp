@@ -180,7 +180,7 @@ class DocumentParts final : public ProjectParts {
 public:
     void add_modules(ProjectNode& modules) override { document.modules = std::move(modules); }
     void add_item(ProjectItem& item) override {
-        document.items.push_back(std::move(item));
+        document.items.push_back(std::exchange(item, {}));
         item.data = ProjectNode("item", m_memory);
     }
     void add_animation(ProjectAnimation& animation) override { document.animations.push_back(std::move(animation)); }
