@@ -3,6 +3,7 @@
 
 #include "host/core/project_file.h"
 #include "fuzz/stage.h"
+#include "host/core/project_plain.h"
 
 namespace {
 
@@ -43,6 +44,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (!good) return 0;
     const std::string text = text_of(document);
     must(text_of(read(text)) == text, "what was read comes back");
+    must(host::parse_plain_project(text).has_value(), "what was written is plain");
+    must(text_of(read(text.substr(text.find('\n') + 1))) == text, "both readers find the same");
     engine.new_project(320, 200);
     if (!engine.open_document(document, "p", error)) {
         must(!error.empty(), "what can't be opened is an error");

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
@@ -156,6 +157,7 @@ bool read_whole_file(const std::string& path, std::size_t largest, std::string& 
         return false;
     }
     std::string read;
+    read.reserve(std::min(static_cast<std::size_t>(facts.st_size), largest) + 1);
     char block[65536];
     for (;;) {
         const ssize_t count = ::read(file.number(), block, sizeof block);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "engine/animation.h"
@@ -52,6 +51,18 @@ struct ProjectDocument {
     /// In the order in which they are read back; parents stand ahead of their children.
     std::vector<ProjectItem> items;
     std::vector<ProjectAnimation> animations;
+};
+
+/// Takes a project part by part. What it is given is its own afterwards.
+class ProjectParts {
+public:
+    /// In this order; parents ahead of their children.
+    virtual void add_modules(ProjectNode& modules) = 0;
+    virtual void add_item(ProjectItem& item) = 0;
+    virtual void add_animation(ProjectAnimation& animation) = 0;
+
+protected:
+    ~ProjectParts() = default;
 };
 
 }  // namespace host

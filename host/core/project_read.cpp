@@ -1,11 +1,12 @@
 #include <algorithm>
 #include <iterator>
 #include <set>
-#include <unordered_set>
 #include <utility>
 
+#include "host/core/id_set.h"
 #include "host/core/project_disk.h"
 #include "host/core/project_file.h"
+#include "host/core/project_plain.h"
 #include "host/core/project_text.h"
 #include "host/core/project_xml.h"
 #include "host/core/text_conversion.h"
@@ -14,8 +15,6 @@ namespace host {
 namespace {
 
 using namespace xml;
-
-constexpr int known_version = 1;
 
 // The elements of properties, each with a value of its kind.
 const std::pair<std::string_view, PropertyValue> property_elements[] = {
@@ -74,7 +73,7 @@ void read_child(const pugi::xml_node& element, ProjectNode& to, int depth) {
     if (row == std::end(property_elements))
         fail(element, "unknown element", "<" + std::string(name) + ">",
              "node, int, bool, float, rect, vec3, vec4 or text");
-    const std::string key = required(element, "key").value();
+    const std::string_view key = required(element, "key").value();
     if (!to.set(key, read_property(element, row->second)))
         fail(element, "key twice in one node", quoted(key), "every key once");
 }
@@ -127,12 +126,6 @@ ProjectAnimation read_animation_head(const pugi::xml_node& element) {
     if (element.attribute("start")) animation.starts_by_itself = read_number(element, "start", 0, 1) != 0;
     return animation;
 }
-
-struct IdHash {
-    std::size_t operator()(const CGuid& id) const {
-        return std::hash<std::string_view>()({reinterpret_cast<const char*>(id.bytes()), sizeof id});
-    }
-};
 
 class DocumentReader {
 public:
@@ -210,14 +203,18 @@ private:
 
     LineCounter m_lines;
     ProjectDocument& m_document;
-    std::unordered_set<CGuid, IdHash> m_ids;
+    IdSet m_ids;
 };
 
 }  // namespace
 
 bool parse_project(std::string_view text, const std::string& name, ProjectDocument& document, std::string& error) {
+    if (auto plain = parse_plain_project(text)) {
+        document = std::move(*plain);
+        return true;
+    }
     ProjectDocument fresh;
-    const bool good = read_text_file(text, name, {"project", known_version}, error, [&](const pugi::xml_node& root) {
+    const bool good = read_text_file(text, name, {"project", project_version}, error, [&](const pugi::xml_node& root) {
         DocumentReader(without_mark(text), fresh).read_root(root);
     });
     if (good) document = std::move(fresh);

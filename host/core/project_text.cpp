@@ -92,50 +92,31 @@ std::string_view trimmed(std::string_view text) {
 
 constexpr std::uint32_t plain_nan = 0x7FC00000;
 
-void append_number(std::string& out, float value) {
-    char buffer[32];
-    if (!std::isnan(value)) {
-        out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
-        return;
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+char* write_number(char* to, std::int32_t value) {
+    constexpr std::size_t longest = 11;
+    return std::to_chars(to, to + longest, value).ptr;
+}
+char* write_number(char* to, float value) {
+    constexpr std::size_t longest = 16;
+    // Of these the shortest form is that of the whole number; beyond them it has an exponent.
+    constexpr float first_with_exponent = 100000.0f;
+    if (std::abs(value) < first_with_exponent) {
+        const auto whole = static_cast<std::int32_t>(value);
+        if (static_cast<float>(whole) == value && (whole != 0 || !std::signbit(value))) return write_number(to, whole);
     }
-    out += "nan";
+    if (!std::isnan(value)) return std::to_chars(to, to + longest, value).ptr;
+    to = std::copy_n("nan", 3, to);
     const auto bits = std::bit_cast<std::uint32_t>(value);
-    if (bits == plain_nan) return;
-    out += ':';
-    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, bits, 16).ptr);
-}
-void append_number(std::string& out, std::int32_t value) {
-    char buffer[16];
-    out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+    if (bits == plain_nan) return to;
+    *to++ = ':';
+    return std::to_chars(to, to + longest, bits, 16).ptr;
 }
 
-bool parse_number(std::string_view text, std::int32_t& value) {
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
-    return read.ec == std::errc() && read.ptr == text.data() + text.size();
-}
-
-bool parse_number(std::string_view text, float& value) {
-    const char* end = text.data() + text.size();
-    if (text == "nan") {
-        value = std::bit_cast<float>(plain_nan);
-        return true;
-    }
-    if (text.starts_with("nan:")) {
-        std::uint32_t bits = 0;
-        const auto read = std::from_chars(text.data() + 4, end, bits, 16);
-        value = std::bit_cast<float>(bits);
-        return read.ec == std::errc() && read.ptr == end && std::isnan(value);
-    }
-    const auto read = std::from_chars(text.data(), end, value);
-    // What the library itself takes as "nan(...)" or "infinity" is not how a project writes it.
-    const bool named = text.find_first_of("nN(") != std::string_view::npos && text != "inf" && text != "-inf";
-    return read.ec == std::errc() && read.ptr == end && !named;
-}
-
-template <class First, class... Rest>
-void append_numbers(std::string& out, const First& first, const Rest&... rest) {
-    append_number(out, first);
-    ((out += ' ', append_number(out, rest)), ...);
+template <class Number>
+bool parse_number(std::string_view text, Number& value) {
+    return read_number(text.data(), text.data() + text.size(), value) == text.data() + text.size();
 }
 
 bool next_word(std::string_view& rest, std::string_view& word) {
@@ -143,12 +124,6 @@ bool next_word(std::string_view& rest, std::string_view& word) {
     word = rest.substr(0, rest.find_first_of(" \t\r\n"));
     rest.remove_prefix(word.size());
     return !word.empty();
-}
-
-template <class... Numbers>
-bool parse_numbers(std::string_view text, Numbers&... numbers) {
-    std::string_view word;
-    return ((next_word(text, word) && parse_number(word, numbers)) && ...) && trimmed(text).empty();
 }
 
 }  // namespace
@@ -193,39 +168,69 @@ std::optional<std::wstring> from_xml_text(std::string_view bytes, bool escaped) 
     return out;
 }
 
-void append_value(std::string& out, const PropertyValue& value) {
-    struct Formatter {
-        std::string& out;
-        void operator()(int v) const { append_numbers(out, v); }
-        void operator()(StoredBool v) const { append_numbers(out, v.value); }
-        void operator()(float v) const { append_numbers(out, v); }
-        void operator()(const CRect& v) const { append_numbers(out, v.left, v.top, v.right, v.bottom); }
-        void operator()(const VEC3& v) const { append_numbers(out, v.x, v.y, v.z); }
-        void operator()(const VEC4& v) const { append_numbers(out, v.x, v.y, v.z, v.w); }
-        void operator()(const tstringW& v) const { out += to_utf8(v); }
+const char* read_number(const char* at, const char* end, std::int32_t& value) {
+    const auto read = std::from_chars(at, end, value);
+    return read.ec == std::errc() ? read.ptr : nullptr;
+}
+
+const char* read_number(const char* at, const char* end, float& value) {
+    if (end - at > 1 && is_digit(at[0]) && (at[1] == ' ' || at[1] == '"')) {
+        value = static_cast<float>(at[0] - '0');
+        return at + 1;
+    }
+    const std::string_view text(at, static_cast<std::size_t>(end - at));
+    if (text.starts_with("nan")) {
+        value = std::bit_cast<float>(plain_nan);
+        if (!text.starts_with("nan:")) return at + 3;
+        std::uint32_t bits = 0;
+        const auto read = std::from_chars(at + 4, end, bits, 16);
+        value = std::bit_cast<float>(bits);
+        return read.ec == std::errc() && std::isnan(value) ? read.ptr : nullptr;
+    }
+    // What the library itself takes as "nan(...)" or "infinity" is not how a project writes it.
+    const std::size_t sign = text.starts_with('-') ? 1 : 0;
+    const bool is_named = text.size() > sign && !is_digit(text[sign]) && text[sign] != '.';
+    if (is_named && !text.substr(sign).starts_with("inf")) return nullptr;
+    const auto read = std::from_chars(at, is_named ? at + sign + 3 : end, value);
+    return read.ec == std::errc() ? read.ptr : nullptr;
+}
+
+char* write_value(char* to, const PropertyValue& value) {
+    const auto write = [to](const auto& held) {
+        char* at = to;
+        if constexpr (!std::is_same_v<const tstringW&, decltype(held)>) {
+            const auto write_one = [&at, to](auto number) {
+                if (at != to) *at++ = ' ';
+                at = write_number(at, number);
+            };
+            std::apply([&](const auto&... numbers) { (write_one(numbers), ...); }, numbers_of(held));
+        }
+        return at;
     };
-    std::visit(Formatter{out}, value);
+    return std::visit(write, value);
 }
 
 std::string format_value(const PropertyValue& value) {
-    std::string text;
-    append_value(text, value);
-    return text;
+    if (const tstringW* text = std::get_if<tstringW>(&value)) return to_utf8(*text);
+    char text[longest_value];
+    return {text, write_value(text, value)};
 }
 
 std::optional<PropertyValue> parse_value(std::string_view text, const PropertyValue& kind) {
-    struct Parser {
-        std::string_view text;
-        bool operator()(int& v) const { return parse_numbers(text, v); }
-        bool operator()(StoredBool& v) const { return parse_numbers(text, v.value); }
-        bool operator()(float& v) const { return parse_numbers(text, v); }
-        bool operator()(CRect& v) const { return parse_numbers(text, v.left, v.top, v.right, v.bottom); }
-        bool operator()(VEC3& v) const { return parse_numbers(text, v.x, v.y, v.z); }
-        bool operator()(VEC4& v) const { return parse_numbers(text, v.x, v.y, v.z, v.w); }
-        bool operator()(tstringW&) const { return false; }
+    const auto parse = [text](auto& value) {
+        if constexpr (std::is_same_v<tstringW&, decltype(value)>) {
+            return false;
+        } else {
+            std::string_view rest = text;
+            std::string_view word;
+            const auto parse_next = [&](auto& number) { return next_word(rest, word) && parse_number(word, number); };
+            const bool good =
+                std::apply([&](auto&... numbers) { return (parse_next(numbers) && ...); }, numbers_of(value));
+            return good && trimmed(rest).empty();
+        }
     };
     PropertyValue value = kind;
-    if (!std::visit(Parser{text}, value)) return {};
+    if (!std::visit(parse, value)) return {};
     return value;
 }
 
@@ -249,52 +254,79 @@ std::optional<long long> parse_whole_number(std::string_view text) {
     return value;
 }
 
+char* write_guid(char* to, const CGuid& id) {
+    constexpr char digits[] = "0123456789ABCDEF";
+    for (int pair = 0, at = 0; pair < 16; ++pair) {
+        if (guid_text::is_dash(at)) to[at++] = '-';
+        const std::uint8_t byte = id.bytes()[guid_text::byte_of_pair[pair]];
+        to[at++] = digits[byte >> 4];
+        to[at++] = digits[byte & 15];
+    }
+    return to + guid_text::length;
+}
+
 std::string format_guid(const CGuid& id) {
-    const std::wstring text = id.to_text();
-    std::string narrow(text.size(), '\0');
-    std::transform(text.begin(), text.end(), narrow.begin(), [](wchar_t c) { return static_cast<char>(c); });
-    return narrow;
+    std::string text(guid_text::length, '\0');
+    write_guid(text.data(), id);
+    return text;
 }
 
 std::optional<CGuid> parse_guid(std::string_view text) {
-    wchar_t wide[guid_text::length + 1] = {};
     if (text.size() != guid_text::length) return {};
-    std::transform(text.begin(), text.end(), wide, [](char c) { return static_cast<unsigned char>(c); });
-    const CGuid id(wide);
-    const bool really_zero = text == "00000000-0000-0000-0000-000000000000";
-    if (id.is_empty() && !really_zero) return {};
-    return id;
+    GUID id{};
+    auto* const bytes = reinterpret_cast<std::uint8_t*>(&id);
+    for (std::size_t pair = 0, at = 0; pair < 16; ++pair) {
+        if (guid_text::is_dash(static_cast<int>(at)) && text[at++] != '-') return {};
+        const int high = guid_text::digit(static_cast<unsigned char>(text[at++]));
+        const int low = guid_text::digit(static_cast<unsigned char>(text[at++]));
+        if (high < 0 || low < 0) return {};
+        bytes[guid_text::byte_of_pair[pair]] = static_cast<std::uint8_t>(high * 16 + low);
+    }
+    return CGuid(id);
 }
 
 namespace {
 
-// True if each of the eight bytes is a printable character of ASCII other than the one that begins a reference.
+// So many bytes are looked at together.
+constexpr std::size_t plain_step = 32;
+
+// True if each of them is a character of ASCII that XML can hold, other than the one that begins a reference. Without a
+// way out of the loop, so that compilers make few steps of it.
 bool are_plain(const char* bytes) {
-    constexpr std::uint64_t ones = 0x0101010101010101u;
-    constexpr std::uint64_t tops = ones * 0x80;
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    const std::uint64_t ampersands = word ^ (ones * '&');
-    const std::uint64_t wrong = word | (word - ones * 0x20) | ((ampersands - ones) & ~ampersands);
-    return (wrong & tops) == 0;
+    unsigned char wrong = 0;
+    for (std::size_t at = 0; at < plain_step; ++at) {
+        // What is not of ASCII is below 0.
+        const auto c = static_cast<signed char>(bytes[at]);
+        const bool is_break = (c == '\n') | (c == '\t') | (c == '\r');
+        const bool is_wrong = ((c < 0x20) & !is_break) | (c == '&');
+        wrong = static_cast<unsigned char>(wrong | static_cast<unsigned char>(is_wrong));
+    }
+    return wrong == 0;
+}
+
+// Bytes of the character at the start, 0 if XML can't hold it, or what it refers to.
+std::size_t good_character(std::string_view text) {
+    std::uint32_t code = 0;
+    const std::size_t length = read_utf8(text, code);
+    if (length == 0 || !is_xml_character(code)) return 0;
+    const auto referenced = code == '&' ? referenced_character(text.substr(0, 16)) : std::nullopt;
+    return referenced && !is_xml_character(*referenced) ? 0 : length;
 }
 
 }  // namespace
 
 std::size_t first_bad_byte(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
-        if (text.size() - at >= 8 && are_plain(text.data() + at)) {
-            at += 8;
+        const std::size_t next_look = std::min(at + plain_step, text.size());
+        if (next_look == at + plain_step && are_plain(text.data() + at)) {
+            at = next_look;
             continue;
         }
-        std::uint32_t code = 0;
-        const std::size_t length = read_utf8(text.substr(at), code);
-        if (length == 0 || !is_xml_character(code)) return at;
-        if (code == '&') {
-            const auto referenced = referenced_character(text.substr(at, 16));
-            if (referenced && !is_xml_character(*referenced)) return at;
+        while (at < next_look) {
+            const std::size_t length = good_character(text.substr(at));
+            if (length == 0) return at;
+            at += length;
         }
-        at += length;
     }
     return std::string_view::npos;
 }

@@ -1,6 +1,9 @@
-#include <stdexcept>
+#include "host/core/project_write.h"
 
-#include "host/core/project_disk.h"
+#include <algorithm>
+#include <charconv>
+
+#include "host/core/plain_bytes.h"
 #include "host/core/project_file.h"
 #include "host/core/project_text.h"
 
@@ -30,193 +33,239 @@ const char* reference_for(char c, bool in_attribute) {
     }
 }
 
-class Writer {
-public:
-    std::string write(const ProjectDocument& document) {
-        constexpr std::size_t usual_item = 2048;
-        m_out.reserve(document.items.size() * usual_item);
-        m_out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project version=\"1\">\n";
-        m_depth = 1;
-        open_section("modules");
-        write_children(document.modules);
-        close("modules");
-        open_section("items");
-        for (const ProjectItem& item : document.items) write_item(item);
-        close("items");
-        if (!document.animations.empty()) write_animations(document.animations);
-        m_out += "</project>\n";
-        return std::move(m_out);
+// Copies what stands for itself; null at the first character that does not.
+char* put_plain(char* to, std::string_view text) { return has_special(text) ? nullptr : TextBuffer::put(to, text); }
+char* put_plain(char* to, std::wstring_view text) {
+    for (const wchar_t c : text) {
+        const char narrow = static_cast<char>(c);
+        if (c < 0 || c >= 0x7F || is_special(narrow)) return nullptr;
+        *to++ = narrow;
     }
+    return to;
+}
 
-private:
-    // Piece by piece: no text is put together elsewhere first.
-    template <class... Pieces>
-    void add(Pieces... pieces) {
-        (m_out.append(std::string_view(pieces)), ...);
-    }
-    void add_escaped(std::string_view text, bool in_attribute) {
-        constexpr std::string_view special = "&<>\r\"\n\t";
-        for (std::size_t at = text.find_first_of(special); at != std::string_view::npos;
-             at = text.find_first_of(special)) {
-            const char* reference = reference_for(text[at], in_attribute);
-            add(text.substr(0, at), reference ? std::string_view(reference) : text.substr(at, 1));
-            text.remove_prefix(at + 1);
-        }
-        add(text);
-    }
-    void indent() { m_out.append(m_depth * 2, ' '); }
-    void open_section(const char* name) {
-        indent();
-        add("<", name, ">\n");
-        ++m_depth;
-    }
-    void close(const char* name) {
-        --m_depth;
-        indent();
-        add("</", name, ">\n");
-    }
-    void attribute(const char* name, std::string_view value) {
-        add(" ", name, "=\"");
-        add_escaped(value, true);
-        add("\"");
-    }
-    void text_attribute(const char* name, const XmlText& text) {
-        attribute(text.escaped ? (std::string(name) + "-escaped").c_str() : name, text.bytes);
-    }
-    // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
-    void key_attribute(const char* name, const std::string& key) {
-        const std::size_t begin = m_out.size();
-        attribute(name, key);
-        if (first_bad_byte(std::string_view(m_out).substr(begin)) != std::string::npos)
-            throw std::invalid_argument("the " + std::string(name) + " \"" + key + "\" cannot stand in a project file");
-    }
+// The beginning of a property's tag, by the kind of its value.
+constexpr std::string_view property_tags[] = {"<int", "<bool", "<float", "<rect", "<vec3", "<vec4", "<text"};
+static_assert(std::size(property_tags) == std::variant_size_v<PropertyValue>);
 
-    void write_item(const ProjectItem& item) {
-        indent();
-        m_out += "<item";
-        attribute("type", std::to_string(item.type));
-        attribute("id", format_guid(item.id));
-        if (!item.parent.is_empty()) attribute("parent", format_guid(item.parent));
-        text_attribute("name", to_xml_text(item.name));
-        attribute("visible", item.visible ? "1" : "0");
-        attribute("flag", std::to_string(item.flag));
-        write_inside("item", item.data);
-    }
+// Room for a value or an identifier and what stands around it.
+constexpr std::size_t most_around = 128;
+static_assert(most_around > longest_value + 32);
 
-    void write_animations(const std::vector<ProjectAnimation>& animations) {
-        open_section("animations");
-        for (const ProjectAnimation& animation : animations) write_animation(animation);
-        close("animations");
-    }
-
-    void write_animation(const ProjectAnimation& animation) {
-        indent();
-        m_out += "<animation";
-        text_attribute("name", to_xml_text(animation.name));
-        attribute("length", format_value(animation.info.length));
-        attribute("rate", format_value(animation.info.rate));
-        attribute("mode_flag", format_value(animation.info.mode_flag));
-        attribute("mode_count", format_value(animation.info.mode_count));
-        attribute("factor", format_value(animation.info.factor));
-        attribute("start", animation.starts_by_itself ? "1" : "0");
-        if (animation.nodes.empty()) {
-            m_out += "/>\n";
-            return;
-        }
-        m_out += ">\n";
-        ++m_depth;
-        for (const ProjectAnimNode& node : animation.nodes) write_anim_node(node);
-        close("animation");
-    }
-
-    void write_anim_node(const ProjectAnimNode& node) {
-        indent();
-        m_out += "<anim_node";
-        attribute("type", std::to_string(node.type));
-        if (!node.item.is_empty()) attribute("item", format_guid(node.item));
-        write_inside("anim_node", node.data);
-    }
-
-    void write_inside(const char* element, const ProjectNode& node) {
-        if (node.is_empty()) {
-            m_out += "/>\n";
-            return;
-        }
-        m_out += ">\n";
-        ++m_depth;
-        write_children(node);
-        close(element);
-    }
-
-    void write_children(const ProjectNode& node) {
-        for (const Property& property : node.properties()) write_property(property);
-        for (const auto& child : node.children()) {
-            indent();
-            m_out += "<node";
-            key_attribute("name", child->name());
-            write_inside("node", *child);
-        }
-    }
-
-    void write_property(const Property& property) {
-        const char* kind = kind_name(property.value);
-        indent();
-        add("<", kind);
-        key_attribute("key", property.key);
-        const tstringW* text = std::get_if<tstringW>(&property.value);
-        if (!text) {
-            // No number needs an escape.
-            add(" value=\"");
-            append_value(m_out, property.value);
-            add("\"/>\n");
-            return;
-        }
-        const XmlText xml = to_xml_text(*text);
-        // Several lines, such as scripts, are for people to read, so they keep their lines.
-        if (!xml.escaped && xml.bytes.find('\n') != std::string::npos) {
-            add(">");
-            add_escaped(xml.bytes, false);
-            add("</text>\n");
-            return;
-        }
-        text_attribute("value", xml);
-        m_out += "/>\n";
-    }
-
-    std::string m_out;
-    std::size_t m_depth = 0;
-};
+constexpr std::string_view items_section = "items";
+constexpr std::string_view animations_section = "animations";
 
 }  // namespace
+
+ProjectText::ProjectText(std::size_t items) {
+    constexpr std::size_t usual_item = 2048;
+    m_out.reserve((items + 1) * usual_item);
+    m_out.append("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<project version=\"1\">\n");
+}
+
+std::string_view ProjectText::add_modules(const ProjectNode& modules) {
+    const std::size_t begin = m_out.size();
+    open_section("modules");
+    write_children(modules);
+    close("modules");
+    const std::size_t end = m_out.size();
+    open_section(m_section = items_section);
+    return m_out.from(begin).substr(0, end - begin);
+}
+
+std::string_view ProjectText::add_item(const ProjectItem& item) {
+    const std::size_t begin = m_out.size();
+    indent();
+    m_out.append("<item");
+    number_attribute("type", item.type);
+    guid_attribute("id", item.id);
+    if (!item.parent.is_empty()) guid_attribute("parent", item.parent);
+    text_attribute("name", item.name);
+    number_attribute("visible", item.visible ? 1 : 0);
+    number_attribute("flag", item.flag);
+    write_inside("item", item.data);
+    return m_out.from(begin);
+}
+
+std::string_view ProjectText::add_animation(const ProjectAnimation& animation) {
+    if (m_section == items_section) {
+        close(items_section);
+        open_section(m_section = animations_section);
+    }
+    const std::size_t begin = m_out.size();
+    indent();
+    m_out.append("<animation");
+    text_attribute("name", animation.name);
+    value_attribute("length", animation.info.length);
+    value_attribute("rate", animation.info.rate);
+    value_attribute("mode_flag", animation.info.mode_flag);
+    value_attribute("mode_count", animation.info.mode_count);
+    value_attribute("factor", animation.info.factor);
+    number_attribute("start", animation.starts_by_itself ? 1 : 0);
+    if (animation.nodes.empty()) {
+        m_out.append("/>\n");
+        return m_out.from(begin);
+    }
+    m_out.append(">\n");
+    ++m_depth;
+    for (const ProjectAnimNode& node : animation.nodes) write_anim_node(node);
+    close("animation");
+    return m_out.from(begin);
+}
+
+std::string_view ProjectText::finish() {
+    close(m_section);
+    m_out.append("</project>\n");
+    return m_out.from(0);
+}
+
+void ProjectText::indent() {
+    const std::size_t blanks = m_depth * 2;
+    char* const at = m_out.room(blanks);
+    m_out.end_at(std::fill_n(at, blanks, ' '));
+}
+
+void ProjectText::open_section(std::string_view name) {
+    indent();
+    m_out.append("<");
+    m_out.append(name);
+    m_out.append(">\n");
+    ++m_depth;
+}
+
+void ProjectText::close(std::string_view name) {
+    --m_depth;
+    indent();
+    m_out.append("</");
+    m_out.append(name);
+    m_out.append(">\n");
+}
+
+void ProjectText::escaped(std::string_view text, bool in_attribute) {
+    constexpr std::string_view special = "&<>\r\"\n\t";
+    for (std::size_t at = text.find_first_of(special); at != std::string_view::npos; at = text.find_first_of(special)) {
+        const char* reference = reference_for(text[at], in_attribute);
+        m_out.append(text.substr(0, at));
+        m_out.append(reference ? std::string_view(reference) : text.substr(at, 1));
+        text.remove_prefix(at + 1);
+    }
+    m_out.append(text);
+}
+
+void ProjectText::attribute(std::string_view name, std::string_view value) {
+    m_out.append(" ");
+    m_out.append(name);
+    m_out.append("=\"");
+    escaped(value, true);
+    m_out.append("\"");
+}
+
+template <class Text>
+bool ProjectText::plain_attribute(std::string_view name, const Text& text) {
+    char* at = m_out.room(name.size() + text.size() + most_around);
+    *at++ = ' ';
+    at = put_plain(TextBuffer::put(TextBuffer::put(at, name), "=\""), text);
+    if (!at) return false;
+    *at++ = '"';
+    m_out.end_at(at);
+    return true;
+}
+
+template <class Number>
+void ProjectText::number_attribute(std::string_view name, Number number) {
+    char digits[24];
+    plain_attribute(name, std::string_view(digits, std::to_chars(digits, std::end(digits), number).ptr));
+}
+
+void ProjectText::value_attribute(std::string_view name, const PropertyValue& value) {
+    char text[longest_value];
+    plain_attribute(name, std::string_view(text, write_value(text, value)));
+}
+
+void ProjectText::guid_attribute(std::string_view name, const CGuid& id) {
+    char text[guid_text::length];
+    plain_attribute(name, std::string_view(text, write_guid(text, id)));
+}
+
+void ProjectText::text_attribute(std::string_view name, std::wstring_view text) {
+    if (plain_attribute(name, text)) return;
+    const XmlText xml = to_xml_text(text);
+    attribute(xml.escaped ? std::string(name) + "-escaped" : name, xml.bytes);
+}
+
+// Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
+void ProjectText::keyed_tag(std::string_view tag, std::string_view name, std::string_view key) {
+    const std::size_t blanks = m_depth * 2;
+    char* const at = m_out.room(blanks + tag.size());
+    m_out.end_at(TextBuffer::put(std::fill_n(at, blanks, ' '), tag));
+    if (plain_attribute(name, key)) return;
+    const std::size_t begin = m_out.size();
+    attribute(name, key);
+    if (m_error.empty() && first_bad_byte(m_out.from(begin)) != std::string::npos)
+        m_error.append("the ").append(name).append(" \"").append(key).append("\" cannot stand in a project file");
+}
+
+void ProjectText::write_anim_node(const ProjectAnimNode& node) {
+    indent();
+    m_out.append("<anim_node");
+    number_attribute("type", node.type);
+    if (!node.item.is_empty()) guid_attribute("item", node.item);
+    write_inside("anim_node", node.data);
+}
+
+void ProjectText::write_inside(std::string_view element, const ProjectNode& node) {
+    if (node.is_empty()) {
+        m_out.append("/>\n");
+        return;
+    }
+    m_out.append(">\n");
+    ++m_depth;
+    write_children(node);
+    close(element);
+}
+
+void ProjectText::write_children(const ProjectNode& node) {
+    for (const Property& property : node.properties()) write_property(property);
+    for (const ProjectNode* child : node.children()) {
+        keyed_tag("<node", "name", child->name());
+        write_inside("node", *child);
+    }
+}
+
+void ProjectText::write_property(const Property& property) {
+    keyed_tag(property_tags[property.value.index()], "key", property.key);
+    if (const tstringW* text = std::get_if<tstringW>(&property.value)) {
+        write_text(*text);
+        return;
+    }
+    // No number needs an escape.
+    char* const at = m_out.room(most_around);
+    m_out.end_at(TextBuffer::put(write_value(TextBuffer::put(at, " value=\""), property.value), "\"/>\n"));
+}
+
+void ProjectText::write_text(const tstringW& text) {
+    if (text.find(L'\n') != tstringW::npos) {
+        const XmlText xml = to_xml_text(text);
+        // Several lines, such as scripts, are for people to read, so they keep their lines.
+        if (!xml.escaped) {
+            m_out.append(">");
+            escaped(xml.bytes, false);
+            m_out.append("</text>\n");
+            return;
+        }
+    }
+    text_attribute("value", text);
+    m_out.append("/>\n");
+}
 
 std::string format_project(const ProjectDocument& document, std::string& error) {
-    try {
-        return Writer().write(document);
-    } catch (const std::invalid_argument& wrong) {
-        error = wrong.what();
-        return {};
-    }
-}
-
-namespace {
-
-// What can't be read again must not take the place of what can.
-bool comes_back(const std::string& bytes, std::string& error) {
-    ProjectDocument back;
-    if (!parse_project(bytes, "the new text", back, error)) return false;
-    if (format_project(back, error) == bytes) return true;
-    if (error.empty()) error = "it would not come back as it is";
-    return false;
-}
-
-}  // namespace
-
-bool write_project(const std::string& path, const ProjectDocument& document, std::string& error) {
-    error.clear();
-    const std::string bytes = format_project(document, error);
-    const bool good = !bytes.empty() && comes_back(bytes, error) && replace_file(path, bytes, OldFile::KEPT, error);
-    if (!good) error = path + ": not saved: " + error;
-    return good;
+    ProjectText text(document.items.size());
+    text.add_modules(document.modules);
+    for (const ProjectItem& item : document.items) text.add_item(item);
+    for (const ProjectAnimation& animation : document.animations) text.add_animation(animation);
+    if (text.error().empty()) return std::string(text.finish());
+    error = text.error();
+    return {};
 }
 
 }  // namespace host

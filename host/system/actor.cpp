@@ -23,9 +23,8 @@ void Actor::set_id(const CGuid& id) {
 }
 
 void Actor::set_parent(IActor* parent) {
-    const auto known = m_scene.m_alive.find(parent);
-    if (parent && known == m_scene.m_alive.end()) return;
-    Actor* above = parent ? known->second : nullptr;
+    Actor* const above = m_scene.living(parent);
+    if (parent && !above) return;
     for (const Actor* at = above; at; at = at->m_parent)
         if (at == this) return;
     if (m_scene.on_parent_changed) m_scene.on_parent_changed(*this, parent);

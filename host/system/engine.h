@@ -7,7 +7,6 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "engine/engine_system.h"
@@ -132,14 +131,13 @@ private:
     void fill(const ProjectDocument& document, const std::string& path);
     void create_item(const ProjectItem& stored, load_operation& operation);
     void create_animation(const ProjectAnimation& stored, load_operation& operation);
-    void save_modules(ProjectDocument& document, const save_operation& operation);
-    struct SavedIds {
-        std::unordered_set<CGuid, IdHash> used;
-        std::unordered_map<const IActor*, CGuid> of_actor;
-    };
-    void save_item(const Actor& actor, SavedIds& ids, ProjectDocument& document, const save_operation& operation);
-    void save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation);
-    void save_animations(const SavedIds& ids, ProjectDocument& document, const save_operation& operation);
+    /// A save in work: where it goes, and what is in it so far.
+    struct Saving;
+    void save_parts(const std::string& path, ProjectParts& out);
+    void save_modules(const Saving& saving);
+    void save_item(const Actor& actor, Saving& saving);
+    void save_items(Saving& saving);
+    void save_animations(const Saving& saving);
 
     Device& m_device;
     CRect m_client;

@@ -1,12 +1,14 @@
 // How the engine opens and saves projects.
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
 #include "host/core/item_store.h"
 #include "host/core/legacy_file.h"
 #include "host/core/project_file.h"
+#include "host/core/project_save.h"
 #include "host/core/text_conversion.h"
 #include "host/system/animation.h"
 #include "host/system/engine.h"
@@ -116,7 +118,7 @@ void Engine::fill(const ProjectDocument& document, const std::string& path) {
     operation.warnings = &m_warnings;
     for (const auto& library : m_modules) {
         const std::string name = to_utf8(library->module().get_name());
-        ProjectNode nothing(name);
+        ProjectNode nothing(name.c_str());
         ProjectNode* stored = document.modules.child(name);
         library->module().on_open_project(stored ? stored : &nothing, operation);
     }
@@ -161,83 +163,129 @@ void Engine::create_animation(const ProjectAnimation& stored, load_operation& op
     }
 }
 
-ProjectDocument Engine::document(const std::string& path) {
+struct Engine::Saving {
+    ProjectParts& out;
     save_operation operation;
-    operation.system = this;
-    operation.project_folder = folder_of(path);
-    operation.to_file = !path.empty();
+    IdSet used_ids{};
+    /// Those that are in the file, where others may ask for them: what stands above others, or under another identifier
+    /// than its own.
+    std::unordered_map<const IActor*, CGuid> id_of{};
+    /// The one in work. Its tree is emptied and filled again.
+    ProjectItem item{};
+};
+
+namespace {
+
+class DocumentParts final : public ProjectParts {
+public:
+    void add_modules(ProjectNode& modules) override { document.modules = std::move(modules); }
+    void add_item(ProjectItem& item) override {
+        document.items.push_back(std::exchange(item, {}));
+        item.data = ProjectNode("item", m_memory);
+    }
+    void add_animation(ProjectAnimation& animation) override { document.animations.push_back(std::move(animation)); }
+
     ProjectDocument document;
-    save_modules(document, operation);
-    SavedIds ids;
-    save_items(ids, document, operation);
-    save_animations(ids, document, operation);
-    return document;
+
+private:
+    std::shared_ptr<ProjectMemory> m_memory = std::make_shared<ProjectMemory>();
+};
+
+}  // namespace
+
+ProjectDocument Engine::document(const std::string& path) {
+    DocumentParts parts;
+    save_parts(path, parts);
+    return std::move(parts.document);
 }
 
 bool Engine::save_project(const std::string& path, std::string& error) {
-    if (!write_project(path, document(path), error)) return false;
+    ProjectSave save(m_scene.size());
+    save_parts(path, save);
+    if (!save.write(path, error)) return false;
     set_project_path(path);
     return true;
 }
 
+void Engine::save_parts(const std::string& path, ProjectParts& out) {
+    save_operation operation;
+    operation.system = this;
+    operation.project_folder = folder_of(path);
+    operation.to_file = !path.empty();
+    Saving saving{out, std::move(operation)};
+    save_modules(saving);
+    save_items(saving);
+    save_animations(saving);
+}
+
 // Ahead of the items, for the modules number them here.
-void Engine::save_modules(ProjectDocument& document, const save_operation& operation) {
+void Engine::save_modules(const Saving& saving) {
+    ProjectNode modules("modules");
     for (const auto& library : m_modules) {
         IBaseModule& module = library->module();
-        module.on_save_project(&document.modules.add(to_utf8(module.get_name())), operation);
+        module.on_save_project(&modules.add(to_utf8(module.get_name())), saving.operation);
     }
+    saving.out.add_modules(modules);
 }
 
 // Writes one actor with its item, if both have something to write and the actor above is in the file.
-void Engine::save_item(const Actor& actor, SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
+void Engine::save_item(const Actor& actor, Saving& saving) {
     const IActor* parent = actor.get_parent();
-    const auto parent_id = ids.of_actor.find(parent);
+    const auto parent_id = parent ? saving.id_of.find(parent) : saving.id_of.end();
     // What hangs below an actor that isn't saved would have no place to come back to.
-    if (!actor.is_in_scene() || (parent && parent_id == ids.of_actor.end())) return;
-    ProjectItem item;
-    actor.get_item()->save_to_node(&item.data, operation);
+    if (!actor.is_in_scene() || (parent && parent_id == saving.id_of.end())) return;
+    ProjectItem& item = saving.item;
+    item.data.clear();
+    actor.get_item()->save_to_node(&item.data, saving.operation);
     if (item.data.is_empty()) return;
     item.type = actor.get_item()->get_type();
     item.id = actor.get_id();
     // The file tells items apart by their identifiers, whatever scripts and tools have made of them.
-    while (item.id.is_empty() || !ids.used.insert(item.id).second) item.id = m_scene.new_id();
-    ids.of_actor[&actor] = item.id;
-    if (parent) item.parent = parent_id->second;
+    while (item.id.is_empty() || !saving.used_ids.insert(item.id).second) item.id = m_scene.new_id();
+    if (!actor.children().empty() || !(item.id == actor.get_id())) saving.id_of[&actor] = item.id;
+    item.parent = parent ? parent_id->second : CGuid();
     item.name = actor.get_name();
     item.visible = actor.is_visible();
     item.flag = actor.get_flag();
-    document.items.push_back(std::move(item));
+    saving.out.add_item(item);
 }
 
 // In the order of creation, which modules keep as the order of their own lists; an actor that hangs below a later one
 // waits for it.
-void Engine::save_items(SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
-    std::unordered_set<const Actor*> done;
+void Engine::save_items(Saving& saving) {
+    std::unordered_set<const Actor*> brought_forward;
     std::vector<const Actor*> above;
-    document.items.reserve(m_scene.size());
     for (const Actor* actor : m_scene.actors()) {
+        const auto is_done = [&](const Actor& other) {
+            return other.serial() < actor->serial() || brought_forward.contains(&other);
+        };
         above.clear();
-        for (const Actor* at = actor; at && done.insert(at).second; at = static_cast<const Actor*>(at->get_parent()))
+        for (const Actor* at = actor; at && !is_done(*at); at = static_cast<const Actor*>(at->get_parent())) {
             above.push_back(at);
-        for (auto next = above.rbegin(); next != above.rend(); ++next) save_item(**next, ids, document, operation);
+            if (at != actor) brought_forward.insert(at);
+        }
+        for (auto next = above.rbegin(); next != above.rend(); ++next) save_item(**next, saving);
     }
 }
 
 // A node whose item is gone is saved all the same: its keys are work, and the item may come back.
-void Engine::save_animations(const SavedIds& ids, ProjectDocument& document, const save_operation& operation) {
+void Engine::save_animations(const Saving& saving) {
     for (const auto& animation : m_animations.all()) {
-        ProjectAnimation& stored = document.animations.emplace_back();
+        ProjectAnimation stored;
         stored.name = animation->name();
         stored.info = animation->info();
         stored.starts_by_itself = animation->starts_by_itself;
+        const auto memory = std::make_shared<ProjectMemory>();
         for (const auto& node : animation->nodes()) {
             ProjectAnimNode& stored_node = stored.nodes.emplace_back();
+            stored_node.data = ProjectNode("anim_node", memory);
             stored_node.type = node->get_type();
             const CGuid item = node->get_internal_item_id();
-            const auto saved = ids.of_actor.find(m_scene.search_actor_by_guid(item));
-            stored_node.item = saved == ids.of_actor.end() ? item : saved->second;
-            node->save_to_node(&stored_node.data, operation);
+            const auto saved = saving.id_of.find(m_scene.search_actor_by_guid(item));
+            stored_node.item = saved == saving.id_of.end() ? item : saved->second;
+            node->save_to_node(&stored_node.data, saving.operation);
         }
+        saving.out.add_animation(stored);
     }
 }
 

@@ -17,9 +17,9 @@ std::size_t TypedNameHash::operator()(const TypedName& key) const {
     return std::hash<std::wstring_view>()(key.name) ^ (std::hash<unsigned long>()(key.type) * 0x9E3779B97F4A7C15u);
 }
 
-std::size_t IdHash::operator()(const CGuid& id) const {
-    const auto* bytes = reinterpret_cast<const char*>(id.bytes());
-    return std::hash<std::string_view>()({bytes, sizeof id});
+// Actors lie on multiples of their alignment, and the table asks for the low bits.
+std::size_t ActorHash::operator()(const IActor* actor) const {
+    return reinterpret_cast<std::uintptr_t>(actor) / alignof(Actor) * 0x9E3779B97F4A7C15u >> 20;
 }
 
 Scene::~Scene() { clear(); }
@@ -49,7 +49,7 @@ Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, 
     Actor& actor = m_actors.emplace_back(*this, item, serial, id, name);
     actor.m_self = std::prev(m_actors.end());
     m_alive.emplace(&actor, &actor);
-    link(actor, parent ? m_alive.at(parent) : nullptr);
+    link(actor, living(parent));
     enter_indexes(actor);
     item->m_actor = &actor;
     return &actor;
@@ -57,27 +57,27 @@ Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, 
 
 void Scene::delete_actor(IActor* actor) {
     if (!actor || !holds(actor)) return;
-    if (on_delete) on_delete(*m_alive.at(actor));
+    if (on_delete) on_delete(*living(actor));
     destroy_tree(actor);
 }
 
 // Children first: an item that goes may still look at the item above it. A loop, since a project may hang its items one
 // below the other as deep as it likes.
 void Scene::destroy_tree(IActor* actor) {
-    Actor* at = holds(actor) ? m_alive.at(actor) : nullptr;
+    Actor* at = living(actor);
     while (at) {
         while (!at->m_children.empty()) at = at->m_children.back();
         IActor* above = at == actor ? nullptr : at->m_parent;
         destroy_one(*at);
         // The end of an item may have ended others.
         if (above && !holds(above)) above = holds(actor) ? actor : nullptr;
-        at = above ? m_alive.at(above) : nullptr;
+        at = living(above);
     }
 }
 
 void Scene::delete_actor_alone(IActor* actor) {
     if (!actor || !holds(actor)) return;
-    Actor& alone = *m_alive.at(actor);
+    Actor& alone = *living(actor);
     while (!alone.m_children.empty()) {
         Actor& child = *alone.m_children.front();
         unlink(child);
@@ -119,8 +119,9 @@ void Scene::restore(std::list<IActor*> actors) {
 
 void Scene::set_in_scene(const std::list<IActor*>& actors, bool in_scene) {
     for (IActor* named : actors) {
-        if (!named || !holds(named)) continue;
-        Actor& actor = *m_alive.at(named);
+        Actor* const known = living(named);
+        if (!known) continue;
+        Actor& actor = *known;
         leave_indexes(actor);
         actor.m_in_scene = in_scene;
         enter_indexes(actor);
@@ -196,6 +197,11 @@ void Scene::leave_indexes(Actor& actor) {
     m_by_name.remove(&actor);
     m_by_id.remove(&actor);
     m_by_any_name.remove(&actor);
+}
+
+Actor* Scene::living(const IActor* actor) const {
+    const auto place = m_alive.find(actor);
+    return place == m_alive.end() ? nullptr : place->second;
 }
 
 void Scene::unlink(Actor& actor) {

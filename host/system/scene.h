@@ -3,6 +3,8 @@
 // The scene: the tree of actors, their look-up, their removal and their end. Knows no project file and no module but
 // through the messages that it sends.
 
+#include <tsl/robin_map.h>
+
 #include <functional>
 #include <list>
 #include <memory>
@@ -10,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/core/id_set.h"
 #include "host/system/actor.h"
 #include "host/system/earliest_index.h"
 #include "host/system/messages.h"
@@ -32,8 +35,8 @@ struct TypedNameHash {
 struct IdOf {
     CGuid operator()(const Actor& actor) const { return actor.get_id(); }
 };
-struct IdHash {
-    std::size_t operator()(const CGuid& id) const;
+struct ActorHash {
+    std::size_t operator()(const IActor* actor) const;
 };
 struct NameOf {
     std::wstring_view operator()(const Actor& actor) const { return actor.get_name(); }
@@ -82,7 +85,7 @@ public:
     std::vector<Actor*> actors() const;
     std::size_t size() const { return m_actors.size(); }
     /// True if the actor lives in this scene.
-    bool holds(const IActor* actor) const { return m_alive.contains(actor); }
+    bool holds(const IActor* actor) const { return living(actor) != nullptr; }
     const std::vector<PropertyItem>& property_items() const { return m_property_items; }
     /// The items may end here, so it comes ahead of the unloading of the module that made them.
     void forget_property_items() { m_property_items.clear(); }
@@ -107,6 +110,8 @@ private:
     void destroy_one(Actor& actor);
     void set_in_scene(const std::list<IActor*>& actors, bool in_scene);
     void tell(unsigned long id, std::list<IActor*>& actors);
+    /// Behind the interface; null for what is no actor of this scene, of which nothing is touched.
+    Actor* living(const IActor* actor) const;
     static void unlink(Actor& actor);
     static void link(Actor& actor, Actor* parent);
 
@@ -115,7 +120,7 @@ private:
     // In the order of creation.
     std::list<Actor> m_actors;
     // Interfaces to actors, so that a pointer from outside is checked ahead of use.
-    std::unordered_map<const IActor*, Actor*> m_alive;
+    tsl::robin_map<const IActor*, Actor*, ActorHash> m_alive;
     EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
     EarliestIndex<Actor, IdOf, IdHash> m_by_id;
     // The others hold what is in the scene; this one all that lives.

@@ -160,13 +160,13 @@ const EngineField<ProjectAnimNode> node_fields[] = {
 
 // ---- Out of a project ----------------------------------------------------------------------------------------------
 
-Value property_of(const std::string& key, const PropertyValue& value) {
+Value property_of(std::string_view key, const PropertyValue& value) {
     return {{"key", key},
             {"type", host::kind_name(value)},
             {"value", std::visit([](const auto& held) { return show(held); }, value)}};
 }
 
-Value node_of(const std::string& name) {
+Value node_of(std::string_view name) {
     return {{"name", name}, {"properties", Value::array()}, {"children", Value::array()}};
 }
 
@@ -249,7 +249,7 @@ void fill_properties(ProjectNode& node, TreeNode& tree, std::size_t first) {
     const Value& properties = tree.list("properties");
     for (std::size_t at = first; at < properties.size(); ++at) {
         TreeProperty property(properties[at], tree.place("properties", at));
-        node.set(std::move(property.key), std::move(property.value));
+        node.set(property.key, std::move(property.value));
     }
 }
 

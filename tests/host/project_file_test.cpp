@@ -7,7 +7,9 @@
 #include <random>
 #include <regex>
 
+#include "host/core/project_plain.h"
 #include "host/core/project_text.h"
+#include "host/core/project_write.h"
 #include "host/core/text_conversion.h"
 
 namespace {
@@ -28,6 +30,10 @@ ProjectDocument reread(const ProjectDocument& document) {
     ProjectDocument back;
     std::string error;
     const std::string text = formatted(document);
+    EXPECT_TRUE(parse_plain_project(text)) << text;
+    // Without its first line the text is no plain one, and the general reader has to find the same in it.
+    EXPECT_TRUE(parse_project(text.substr(text.find('\n') + 1), "p.sgui", back, error)) << error << '\n' << text;
+    EXPECT_EQ(formatted(back), text);
     EXPECT_TRUE(parse_project(text, "p.sgui", back, error)) << error << '\n' << text;
     return back;
 }
@@ -42,8 +48,8 @@ ProjectItem& add_item(ProjectDocument& document, const tstringW& name = L"") {
 
 // The names and keys of a tree, in order.
 std::string outline(const ProjectNode& node) {
-    std::string text = node.name() + "(";
-    for (const Property& property : node.properties()) text += property.key + " ";
+    std::string text = std::string(node.name()) + "(";
+    for (const Property& property : node.properties()) text.append(property.key) += " ";
     for (const auto& child : node.children()) text += outline(*child);
     return text + ")";
 }
@@ -152,6 +158,45 @@ TEST(ProjectFile, KeepsAnimationsWithTheirNodes) {
     EXPECT_EQ(second.nodes[1].type, 0xFFFFFFFFu);
     EXPECT_EQ(outline(second.nodes[1].data), "anim_node(tracks(k ))");
     EXPECT_EQ(second.nodes[0].line, 22);
+}
+
+namespace {
+
+template <class Part>
+void expect_every_byte_counts(const std::string& text, const Part& part) {
+    ASSERT_TRUE(reads_back(text, part)) << text;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        EXPECT_FALSE(reads_back(text.substr(0, at), part)) << text.substr(0, at);
+        std::string wrong = text;
+        wrong[at] = text[at] == '7' ? '8' : '7';
+        EXPECT_FALSE(reads_back(wrong, part)) << wrong;
+    }
+}
+
+}  // namespace
+
+TEST(ProjectFile, ReadingBackFindsEveryWrongByte) {
+    ProjectDocument document;
+    ProjectItem& item = add_item(document, L"a \"name\" 欢迎");
+    item.parent = CGuid(from_utf8(other_id).c_str());
+    item.data.set("k<ey", 12);
+    item.data.set("rect", CRect(-1, 2, 3, 40));
+    item.data.set("vec", VEC4(0.5f, -0.0f, std::bit_cast<float>(0xFFC12345u), 1e9f));
+    item.data.set("text", tstringW(L"two\nlines & \t"));
+    item.data.set("escaped", tstringW(L"\x01\\"));
+    item.data.add("node").set("flag", StoredBool{2});
+    item.data.add("empty");
+    document.modules.add("M").set("key", 0.25f);
+    ProjectAnimation& animation = document.animations.emplace_back();
+    animation.name = L"n";
+    animation.nodes.emplace_back().type = 1001;
+    animation.nodes.back().data.add("tracks").set("v", VEC3(1, 2, 3));
+    ProjectText text(1);
+    // The line break at the end says nothing.
+    const auto without_end = [](std::string_view part) { return std::string(part.substr(0, part.size() - 1)); };
+    expect_every_byte_counts(without_end(text.add_modules(document.modules)), document.modules);
+    expect_every_byte_counts(without_end(text.add_item(item)), item);
+    expect_every_byte_counts(without_end(text.add_animation(animation)), animation);
 }
 
 TEST(ProjectFile, RefusesToWriteANameThatNoFileCanHold) {

@@ -144,6 +144,16 @@ TEST_F(Saving, LeavesEverythingAsItWasWhereItFails) {
         {"a folder in its place", [&] { return save(folder / "target"); }},
         {"a link to itself", [&] { return save(folder / "circle"); }},
         {"no such folder", [&] { return save(folder / "missing/p.sgui"); }},
+        {"an identifier twice",
+         [&] {
+             ProjectDocument document;
+             for (int count = 0; count < 2; ++count) {
+                 host::ProjectItem& item = document.items.emplace_back();
+                 item.type = 1;
+                 item.id = CGuid(L"283B689B-6775-0F82-3171-70E93AFF15F6");
+             }
+             return host::write_project(file.string(), document, error);
+         }},
         {"a file as folder", [&] { return save(file / "p.sgui"); }},
         {"a pipe", [&] { return save(folder / "pipe"); }},
         {"a name beyond the longest", [&] { return save(folder / std::string(300, 'n')); }},

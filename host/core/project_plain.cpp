@@ -1,0 +1,400 @@
+#include "host/core/project_plain.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+#include "host/core/id_set.h"
+#include "host/core/plain_bytes.h"
+#include "host/core/project_text.h"
+#include "host/core/project_xml.h"
+#include "host/core/text_conversion.h"
+
+namespace host {
+namespace {
+
+// ---- Where what is read goes ----------------------------------------------------------------------------------------
+
+// There are numbers that differ from themselves.
+template <class Value>
+bool same_bits(const Value& a, const Value& b) {
+    using Bits = std::array<std::uint32_t, sizeof(Value) / sizeof(std::uint32_t)>;
+    return std::bit_cast<Bits>(a) == std::bit_cast<Bits>(b);
+}
+
+/// Makes the node.
+struct Building {
+    ProjectNode* node;
+    template <class Value>
+    bool property(std::string_view key, Value& value) {
+        return node->set(key, std::move(value));
+    }
+    Building child(std::string_view name) { return {&node->add(name)}; }
+    bool is_complete() const { return true; }
+};
+
+/// Compares it with one that is there. A child that is not there is a null node, in which nothing is right.
+struct Comparing {
+    explicit Comparing(const ProjectNode* expected)
+        : node(expected),
+          next_child(expected ? expected->children().begin() : ProjectNode::Children(nullptr).begin()) {}
+    const ProjectNode* node;
+    ProjectNode::Children::Iterator next_child;
+    std::size_t next_property = 0;
+
+    template <class Value>
+    bool property(std::string_view key, const Value& value) {
+        if (!node || next_property == node->properties().size()) return false;
+        const Property& expected = node->properties()[next_property++];
+        const Value* held = std::get_if<Value>(&expected.value);
+        return held && is_same(expected.key, key) && is_equal(*held, value);
+    }
+    Comparing child(std::string_view name) {
+        const ProjectNode* expected = *next_child;
+        if (!expected || !is_same(expected->name(), name)) return Comparing(nullptr);
+        ++next_child;
+        return Comparing(expected);
+    }
+    bool is_complete() const { return node && next_property == node->properties().size() && !*next_child; }
+
+private:
+    static bool is_equal(const tstringW& a, const tstringW& b) { return a == b; }
+    template <class Value>
+    static bool is_equal(const Value& a, const Value& b) {
+        return same_bits(a, b);
+    }
+};
+
+// ---- Reading --------------------------------------------------------------------------------------------------------
+
+// What stands for itself inside quotation marks. Bytes of other than ASCII do: all of the text is UTF-8.
+constexpr auto plain_bytes = [] {
+    std::array<bool, 256> plain{};
+    for (std::size_t c = 0x20; c < plain.size(); ++c) plain[c] = c != '&' && c != '<' && c != '"';
+    return plain;
+}();
+
+constexpr std::pair<std::string_view, char> references[] = {
+    {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&#13;", '\r'}, {"&#10;", '\n'}, {"&#9;", '\t'}};
+
+/// Each function is false or null for what is not as it is written; the place is then anywhere.
+class Plain {
+public:
+    explicit Plain(std::string_view text) : m_begin(text.data()), m_at(m_begin), m_end(m_begin + text.size()) {}
+
+    bool is_at_end() { return m_at == m_end; }
+    int line() const { return m_line; }
+
+    template <std::size_t Size>
+    bool take(const char (&literal)[Size]) {
+        constexpr std::size_t length = Size - 1;
+        if (static_cast<std::size_t>(m_end - m_at) < length || std::memcmp(m_at, literal, length) != 0) return false;
+        m_at += length;
+        return true;
+    }
+    // Line breaks stand between elements and in texts of several lines alone.
+    void skip_blanks() {
+        for (; m_at != m_end && (*m_at == ' ' || *m_at == '\n'); ++m_at) m_line += *m_at == '\n' ? 1 : 0;
+    }
+    template <std::size_t Size>
+    bool take_next(const char (&literal)[Size]) {
+        skip_blanks();
+        return take(literal);
+    }
+
+    // Up to the quotation mark that ends it. The text lives until the next one is read.
+    bool quoted(std::string_view& text) {
+        const char* const begin = m_at;
+        m_at = find_special(m_at, m_end);
+        if (m_at != m_end && *m_at == '"') {
+            text = {begin, static_cast<std::size_t>(m_at++ - begin)};
+            return true;
+        }
+        m_at = begin;
+        return with_references('"', text) && take("\"");
+    }
+
+    template <class Value>
+    bool value(Value& value) {
+        if (!take(" value=\"")) return false;
+        bool is_first = true;
+        const auto one = [this, &is_first](auto& number) {
+            if (!is_first && !take(" ")) return false;
+            is_first = false;
+            const char* const behind = read_number(m_at, m_end, number);
+            m_at = behind ? behind : m_at;
+            return behind != nullptr;
+        };
+        return std::apply([&](auto&... numbers) { return (one(numbers) && ...); }, numbers_of(value)) && take("\"/>");
+    }
+    bool value(tstringW& text) {
+        std::string_view bytes;
+        if (take(">")) {
+            // Several lines.
+            return with_references('<', bytes) && take("</text>") && widened(bytes, text);
+        }
+        if (take(" value=\"")) return quoted(bytes) && take("/>") && widened(bytes, text);
+        return take(" value-escaped=\"") && quoted(bytes) && take("/>") && unescaped(bytes, text);
+    }
+    bool name(tstringW& name) {
+        std::string_view bytes;
+        if (take(" name=\"")) return quoted(bytes) && widened(bytes, name);
+        return take(" name-escaped=\"") && quoted(bytes) && unescaped(bytes, name);
+    }
+    // Behind the quotation mark that begins it, with the one that ends it.
+    template <class Number>
+    bool number(Number& number) {
+        const auto read = std::from_chars(m_at, m_end, number);
+        m_at = read.ptr;
+        return read.ec == std::errc() && take("\"");
+    }
+    bool number(float& number) {
+        const char* const behind = read_number(m_at, m_end, number);
+        m_at = behind ? behind : m_at;
+        return behind && take("\"");
+    }
+    bool truth(bool& truth) {
+        int value = 0;
+        const bool good = number(value) && (value == 0 || value == 1);
+        truth = value != 0;
+        return good;
+    }
+    bool guid(CGuid& id) {
+        if (m_end - m_at < guid_text::length) return false;
+        const auto read = parse_guid({m_at, static_cast<std::size_t>(guid_text::length)});
+        m_at += guid_text::length;
+        if (!read || read->is_empty()) return false;
+        id = *read;
+        return take("\"");
+    }
+
+    // What stands inside an element, with the tag that ends it.
+    template <class Place, std::size_t Size>
+    bool children(Place place, int depth, const char (&end_tag)[Size]) {
+        if (depth > xml::deepest_nesting) return false;
+        for (;;) {
+            skip_blanks();
+            if (m_end - m_at < 2) return false;
+            switch (m_at[1]) {
+                case '/':
+                    return place.is_complete() && take(end_tag);
+                case 'n':
+                    if (!child(place, depth)) return false;
+                    break;
+                case 'i':
+                    if (!take("<int") || !property<int>(place)) return false;
+                    break;
+                case 'b':
+                    if (!take("<bool") || !property<StoredBool>(place)) return false;
+                    break;
+                case 'f':
+                    if (!take("<float") || !property<float>(place)) return false;
+                    break;
+                case 'r':
+                    if (!take("<rect") || !property<CRect>(place)) return false;
+                    break;
+                case 'v':
+                    if (take("<vec3") ? !property<VEC3>(place) : !take("<vec4") || !property<VEC4>(place)) return false;
+                    break;
+                case 't':
+                    if (!take("<text") || !property<tstringW>(place)) return false;
+                    break;
+                default:
+                    return false;
+            }
+        }
+    }
+    // The end of an element's tag and what stands inside, if there is anything.
+    template <class Place, std::size_t Size>
+    bool inside(Place place, int depth, const char (&end_tag)[Size]) {
+        return take("/>") ? place.is_complete() : take(">") && children(place, depth, end_tag);
+    }
+
+    bool item_head(ProjectItem& item) {
+        item.parent = {};
+        return take(" type=\"") && type(item.type) && take(" id=\"") && guid(item.id) &&
+               (!take(" parent=\"") || guid(item.parent)) && name(item.name) && take(" visible=\"") &&
+               truth(item.visible) && take(" flag=\"") && number(item.flag);
+    }
+    bool anim_node_head(ProjectAnimNode& node) {
+        node.item = {};
+        return take(" type=\"") && type(node.type) && (!take(" item=\"") || guid(node.item));
+    }
+    bool animation_head(ProjectAnimation& animation) {
+        anim_info& info = animation.info;
+        return name(animation.name) && take(" length=\"") && number(info.length) && take(" rate=\"") &&
+               number(info.rate) && take(" mode_flag=\"") && number(info.mode_flag) && take(" mode_count=\"") &&
+               number(info.mode_count) && take(" factor=\"") && number(info.factor) && take(" start=\"") &&
+               truth(animation.starts_by_itself);
+    }
+
+private:
+    template <class Number>
+    bool type(Number& type) {
+        std::uint32_t read = 0;
+        const bool good = number(read) && read > 0;
+        type = read;
+        return good;
+    }
+
+    template <class Value, class Place>
+    bool property(Place& place) {
+        Value value{};
+        std::string_view key;
+        if (!take(" key=\"") || !quoted(key)) return false;
+        // A key with references lies where the next text goes.
+        if (key.data() == m_bytes.data()) key = m_key.assign(key);
+        return this->value(value) && place.property(key, value);
+    }
+    template <class Place>
+    bool child(Place& place, int depth) {
+        std::string_view name;
+        return take("<node name=\"") && quoted(name) && inside(place.child(name), depth + 1, "</node>");
+    }
+
+    // Up to the character that ends it.
+    bool with_references(char end, std::string_view& text) {
+        m_bytes.clear();
+        for (; m_at != m_end && *m_at != end; ++m_at) {
+            char c = *m_at;
+            if (c == '&') {
+                const std::string_view rest(m_at, static_cast<std::size_t>(m_end - m_at));
+                const auto row = std::find_if(std::begin(references), std::end(references),
+                                              [rest](const auto& known) { return rest.starts_with(known.first); });
+                if (row == std::end(references)) return false;
+                m_at += row->first.size() - 1;
+                c = row->second;
+            } else if (!plain_bytes[static_cast<unsigned char>(c)]) {
+                // Readers of XML change line breaks and tabs inside of quotation marks.
+                const bool stays = end == '<' && (c == '\n' || c == '\t' || c == '"');
+                if (!stays) return false;
+                m_line += c == '\n' ? 1 : 0;
+            }
+            m_bytes += c;
+        }
+        text = m_bytes;
+        return true;
+    }
+
+    static bool widened(std::string_view bytes, tstringW& text) {
+        text = from_utf8(bytes);
+        return true;
+    }
+    static bool unescaped(std::string_view bytes, tstringW& text) {
+        auto read = from_xml_text(bytes, true);
+        if (read) text = std::move(*read);
+        return read.has_value();
+    }
+
+    const char* m_begin;
+    const char* m_at;
+    const char* m_end;
+    int m_line = 1;
+    std::string m_bytes;
+    std::string m_key;
+};
+
+// As deep as the general reader counts.
+constexpr int modules_depth = 2;
+constexpr int item_depth = 3;
+constexpr int anim_node_depth = 4;
+
+bool read_items(Plain& plain, ProjectDocument& document) {
+    const auto memory = std::make_shared<ProjectMemory>();
+    IdSet ids;
+    for (;;) {
+        plain.skip_blanks();
+        const int line = plain.line();
+        if (plain.take("</items>")) return true;
+        if (!plain.take("<item")) return false;
+        ProjectItem& item = document.items.emplace_back();
+        item.data = ProjectNode("item", memory);
+        item.line = line;
+        if (!plain.item_head(item) || !plain.inside(Building{&item.data}, item_depth, "</item>")) return false;
+        if (!item.parent.is_empty() && !ids.contains(item.parent)) return false;
+        if (!ids.insert(item.id).second) return false;
+    }
+}
+
+bool read_anim_nodes(Plain& plain, ProjectAnimation& animation) {
+    if (plain.take("/>")) return true;
+    if (!plain.take(">")) return false;
+    const auto memory = std::make_shared<ProjectMemory>();
+    for (;;) {
+        plain.skip_blanks();
+        const int line = plain.line();
+        if (plain.take("</animation>")) return true;
+        if (!plain.take("<anim_node")) return false;
+        ProjectAnimNode& node = animation.nodes.emplace_back();
+        node.data = ProjectNode("anim_node", memory);
+        node.line = line;
+        if (!plain.anim_node_head(node) || !plain.inside(Building{&node.data}, anim_node_depth, "</anim_node>"))
+            return false;
+    }
+}
+
+bool read_animations(Plain& plain, ProjectDocument& document) {
+    for (;;) {
+        plain.skip_blanks();
+        const int line = plain.line();
+        if (plain.take("</animations>")) return true;
+        if (!plain.take("<animation")) return false;
+        ProjectAnimation& animation = document.animations.emplace_back();
+        animation.line = line;
+        if (!plain.animation_head(animation) || !read_anim_nodes(plain, animation)) return false;
+    }
+}
+
+bool is_text(std::string_view text) { return first_bad_byte(text) == std::string_view::npos; }
+
+}  // namespace
+
+std::optional<ProjectDocument> parse_plain_project(std::string_view text) {
+    std::optional<ProjectDocument> document(std::in_place);
+    Plain plain(text);
+    static_assert(project_version == 1);
+    const bool good = plain.take("<?xml version=\"1.0\" encoding=\"UTF-8\"?>") &&
+                      plain.take_next("<project version=\"1\">") && plain.take_next("<modules>") &&
+                      plain.children(Building{&document->modules}, modules_depth, "</modules>") &&
+                      plain.take_next("<items>") && read_items(plain, *document) &&
+                      (!plain.take_next("<animations>") || read_animations(plain, *document)) &&
+                      plain.take_next("</project>") && (plain.skip_blanks(), plain.is_at_end());
+    if (!good || !is_text(text)) document.reset();
+    return document;
+}
+
+bool reads_back(std::string_view text, const ProjectNode& modules) {
+    Plain plain(text);
+    return is_text(text) && plain.take_next("<modules>") &&
+           plain.children(Comparing(&modules), modules_depth, "</modules>") && (plain.skip_blanks(), plain.is_at_end());
+}
+
+bool reads_back(std::string_view text, const ProjectItem& item) {
+    Plain plain(text);
+    ProjectItem head;
+    return is_text(text) && plain.take_next("<item") && plain.item_head(head) && head.type == item.type &&
+           head.id == item.id && head.parent == item.parent && head.name == item.name && head.visible == item.visible &&
+           head.flag == item.flag && plain.inside(Comparing(&item.data), item_depth, "</item>") &&
+           (plain.skip_blanks(), plain.is_at_end());
+}
+
+bool reads_back(std::string_view text, const ProjectAnimation& animation) {
+    ProjectAnimation head;
+    Plain plain(text);
+    if (!is_text(text) || !plain.take_next("<animation") || !plain.animation_head(head)) return false;
+    if (head.name != animation.name || !same_bits(head.info, animation.info)) return false;
+    if (head.starts_by_itself != animation.starts_by_itself) return false;
+    if (!(animation.nodes.empty() ? plain.take("/>") : plain.take(">"))) return false;
+    for (const ProjectAnimNode& node : animation.nodes) {
+        ProjectAnimNode node_head;
+        if (!plain.take_next("<anim_node") || !plain.anim_node_head(node_head)) return false;
+        if (node_head.type != node.type || !(node_head.item == node.item)) return false;
+        if (!plain.inside(Comparing(&node.data), anim_node_depth, "</anim_node>")) return false;
+    }
+    return (animation.nodes.empty() || plain.take_next("</animation>")) && (plain.skip_blanks(), plain.is_at_end());
+}
+
+}  // namespace host
