@@ -3,6 +3,7 @@
 #include <SDL2/SDL_image.h>
 
 #include <cstring>
+#include <span>
 #include <system_error>
 
 #include "host/core/picture_head.h"
@@ -40,8 +41,9 @@ bool is_small_enough(std::uint64_t width, std::uint64_t height) {
 }
 
 SdlSurface decode(const std::string& bytes) {
-    const auto head = picture_head({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-    if (!head || !is_small_enough(head->width, head->height)) return {};
+    const std::span content(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    const auto head = picture_head(content);
+    if (!head || !is_small_enough(head->width, head->height) || !is_whole(*head, content)) return {};
     SDL_RWops* stream = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
     if (!stream) return {};
     SdlSurface surface(loaders[static_cast<std::size_t>(head->format)](stream));

@@ -92,7 +92,21 @@ std::optional<PictureHead> tga_head(Bytes bytes) {
     return size;
 }
 
+// Chunks follow each other, each with its length, its name and a sum behind it, up to the one that ends the picture.
+bool png_ends(Bytes bytes) {
+    constexpr std::size_t frame = 12;
+    for (std::size_t at = 8; bytes.size() - at >= frame;) {
+        const std::uint32_t length = big_endian(bytes, at, 4);
+        if (length > bytes.size() - at - frame) return false;
+        if (stands_at(bytes, at + 4, "IEND")) return true;
+        at += frame + length;
+    }
+    return false;
+}
+
 }  // namespace
+
+bool is_whole(const PictureHead& head, Bytes bytes) { return head.format != PictureFormat::PNG || png_ends(bytes); }
 
 std::optional<PictureHead> picture_head(Bytes bytes) {
     for (const auto head_of : {&png_head, &jpeg_head, &bmp_head, &webp_head, &tga_head})

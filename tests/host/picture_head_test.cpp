@@ -46,3 +46,20 @@ TEST(PictureHead, TellsFormatAndSizeOfWholeAndCutFiles) {
         EXPECT_FALSE(head_of(bytes)) << bytes;
     }
 }
+
+TEST(PictureHead, TellsWhetherAllPartsOfAPictureAreThere) {
+    const std::string head = "\x89PNG\r\n\x1A\n"s, size = "\0\0\0\rIHDR\0\1\0\2\0\0\3\4\x8\2\0\0\0sums"s;
+    const std::string end = "\0\0\0\0IENDsums"s;
+    const auto whole = [&](const std::string& parts) {
+        const std::string bytes = head + size + parts;
+        const std::span content(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        return host::is_whole(*host::picture_head(content), content);
+    };
+    EXPECT_TRUE(whole(end));
+    EXPECT_TRUE(whole("\0\0\0\3tEXTabcsums"s + end + "behind"));
+    EXPECT_FALSE(
+        whole("\x7F\xFF\xFF\xFF"
+              "bKGDsums"s))
+        << "the decoder would read on for ever";
+    for (std::size_t length = 0; length < end.size(); ++length) EXPECT_FALSE(whole(end.substr(0, length))) << length;
+}
