@@ -9,7 +9,7 @@
 namespace host {
 
 std::string_view ProjectMemory::keep(std::string_view name) {
-    if (name.empty()) return {};
+    if (name.empty()) return "";
     const auto byte = [name](std::size_t at) { return static_cast<unsigned char>(name[at]); };
     const std::size_t mixed = byte(name.size() - 1) * 5u + byte(name.size() / 2) * 3u + name.size() * 7u;
     std::string_view& known = m_known[mixed % m_known.size()];
@@ -34,6 +34,8 @@ void ProjectMemory::end_all() {
 void ProjectMemory::reset() {
     end_all();
     m_pieces.reset();
+    m_names.reset();
+    m_known = {};
 }
 
 bool ProjectMemory::Blocks::extend(void* piece, std::size_t size, std::size_t larger) {

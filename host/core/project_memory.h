@@ -27,7 +27,7 @@ public:
     std::string_view keep(std::string_view name);
     /// Calls `end` with the object in a piece when the pieces are released.
     void at_end(void* object, void (*end)(void*));
-    /// All pieces are free to be taken again; what was kept stays.
+    /// All pieces are free to be taken again, and so is what was kept: no tree may refer to it.
     void reset();
 
 private:

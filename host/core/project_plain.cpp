@@ -174,7 +174,6 @@ public:
     // What stands inside an element, with the tag that ends it.
     template <class Place, std::size_t Size>
     bool children(Place place, int depth, const char (&end_tag)[Size]) {
-        if (depth > xml::deepest_nesting) return false;
         for (;;) {
             skip_blanks();
             if (m_end - m_at < 2) return false;
@@ -210,6 +209,7 @@ public:
     // The end of an element's tag and what stands inside, if there is anything.
     template <class Place, std::size_t Size>
     bool inside(Place place, int depth, const char (&end_tag)[Size]) {
+        if (depth > xml::deepest_nesting) return false;
         return take("/>") ? place.is_complete() : take(">") && children(place, depth, end_tag);
     }
 

@@ -93,6 +93,7 @@ void ProjectNode::take_over(ProjectNode& other) noexcept {
     m_name_bits = std::exchange(other.m_name_bits, 0);
     m_next_child = std::exchange(other.m_next_child, nullptr);
     m_names_repeat = std::exchange(other.m_names_repeat, false);
+    m_child_count = std::exchange(other.m_child_count, 0);
     m_index = std::move(other.m_index);
     m_children = std::move(other.m_children);
     m_next = std::exchange(other.m_next, 0);
@@ -105,9 +106,9 @@ void ProjectNode::end_texts() {
 
 void ProjectNode::end_with_memory() const {
     if (!m_is_below || m_ends_with_memory) return;
-    m_ends_with_memory = true;
     m_memory->at_end(const_cast<ProjectNode*>(this),
                      [](void* node) { static_cast<ProjectNode*>(node)->~ProjectNode(); });
+    m_ends_with_memory = true;
 }
 
 void ProjectNode::clear() {
@@ -156,7 +157,9 @@ ProjectNode& ProjectNode::add(std::string_view name) {
     ProjectMemory& memory = this->memory();
     auto* const child = new (memory.take(sizeof(ProjectNode))) ProjectNode(Below(), memory.keep(name), memory);
     const std::uint64_t bit = key_bit(name);
-    m_names_repeat = m_names_repeat || ((m_name_bits & bit) != 0 && this->child(name));
+    // Among many the search would cost more than it saves.
+    const bool is_searched = m_child_count++ < most_searched;
+    m_names_repeat = m_names_repeat || !is_searched || ((m_name_bits & bit) != 0 && this->child(name));
     m_name_bits |= bit;
     (m_last_child ? m_last_child->m_sibling : m_first_child) = child;
     m_last_child = child;

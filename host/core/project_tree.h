@@ -137,6 +137,7 @@ private:
     // Readers ask in the order of writing, so what stands behind the last one found is the likely answer.
     mutable std::uint32_t m_next = 0;
     bool m_has_texts = false;
+    std::uint32_t m_child_count = 0;
     bool m_names_repeat = false;
     bool m_is_below = false;
     mutable bool m_ends_with_memory = false;

@@ -55,6 +55,7 @@ struct NodeOrders {
 inline NodeOrders node_orders;
 
 inline void fetch_all(const void* begin, std::size_t bytes) {
+    if (!begin) return;
     constexpr std::size_t line = 64;
     for (std::size_t at = 0; at < bytes; at += line) fetch(static_cast<const char*>(begin) + at);
 }

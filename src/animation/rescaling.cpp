@@ -151,10 +151,7 @@ void CSimpleGUIAnimNode::approach_next_rescalings() {
     }
     if (const CSimpleGUIAnimNode* node = order.ahead(1)) {
         node->each_rescaled_track([]<class Key>(const TBaseTrack<Key>& track) {
-            for (const IKey* key : track.all_keys()) {
-                fetch(key);
-                fetch(static_cast<const Key*>(key) + 1);
-            }
+            for (const IKey* key : track.all_keys()) fetch_all(key, sizeof(Key) + 1);
         });
     }
 }

@@ -20,7 +20,7 @@ void fetch_keys(const NearKeys<Key>& keys) {
     fetch(keys.before);
     fetch(keys.after);
     // A key may reach into another line; neighbours often lie side by side.
-    fetch(keys.after + 1);
+    if (keys.after) fetch(keys.after + 1);
 }
 
 template <class Key>
