@@ -17,25 +17,26 @@ public:
     void add(Actor* actor) {
         const auto [entry, is_first] = m_entries.insert(Entry{actor});
         if (is_first) return;
-        Others others = taken_others(entry->first);
-        if (actor->serial() < entry->first->serial()) std::swap(actor, entry->first);
-        others.emplace(actor->serial(), actor);
-        m_others.emplace(entry->first, std::move(others));
+        const bool is_earliest = actor->serial() < entry->first->serial();
+        Actor* const later = is_earliest ? entry->first : actor;
+        // What asks for memory comes ahead of all changes.
+        m_others[entry->first].emplace(later->serial(), later);
+        if (is_earliest) put_back(m_others.extract(entry->first), *entry, actor);
     }
-    /// An actor that is not in the index is passed over.
+    /// An actor that is not in the index is passed over. Asks for no memory.
     void remove(const Actor* actor) {
         const auto entry = m_entries.find(KeyOf()(*actor));
         if (entry == m_entries.end()) return;
-        Others others = taken_others(entry->first);
+        auto others = m_others.extract(entry->first);
         if (entry->first != actor) {
-            others.erase(actor->serial());
-        } else if (others.empty()) {
+            if (!others.empty()) others.mapped().erase(actor->serial());
+            put_back(std::move(others), *entry, entry->first);
+        } else if (others.empty() || others.mapped().empty()) {
             m_entries.erase(entry);
-            return;
         } else {
-            entry->first = others.extract(others.begin()).mapped();
+            Actor* const next = others.mapped().extract(others.mapped().begin()).mapped();
+            put_back(std::move(others), *entry, next);
         }
-        if (!others.empty()) m_others.emplace(entry->first, std::move(others));
     }
     /// Null if there is none.
     template <class Key>
@@ -50,9 +51,13 @@ private:
     struct Entry {
         mutable Actor* first;
     };
-    Others taken_others(const Actor* first) {
-        auto node = m_others.extract(first);
-        return node.empty() ? Others() : std::move(node.mapped());
+    using OthersByFirst = std::unordered_map<const Actor*, Others>;
+    // A node that was taken out goes in again without a question for memory: there is room for as many as before.
+    void put_back(typename OthersByFirst::node_type others, const Entry& entry, Actor* first) {
+        entry.first = first;
+        if (others.empty() || others.mapped().empty()) return;
+        others.key() = first;
+        m_others.insert(std::move(others));
     }
     struct Hash {
         using is_transparent = void;
@@ -76,7 +81,7 @@ private:
     };
     std::unordered_set<Entry, Hash, Equal> m_entries;
     // Those behind the first of a key, by that first; most keys have none.
-    std::unordered_map<const Actor*, Others> m_others;
+    OthersByFirst m_others;
 };
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "host/core/item_store.h"
+#include "host/core/memory_watch.h"
 #include "host/core/text_conversion.h"
 #include "host/system/engine_functions.h"
 #include "host/system/script_function.h"
@@ -82,7 +83,20 @@ void Engine::tell_size_changed() {
     each_module([this](IBaseModule& module) { module.on_size_changed(m_client.Width(), m_client.Height()); });
 }
 
-void Engine::frame(double seconds) {
+bool Engine::frame(double seconds) {
+    const MemoryWatch watch;
+    bool whole = false;
+    try {
+        draw_frame(seconds);
+        whole = !watch.ran_out();
+    } catch (const std::bad_alloc&) {
+        whole = false;
+    }
+    if (!whole) zov_simple_log(LOG_FONT, L"a frame: out of memory", nullptr);
+    return whole;
+}
+
+void Engine::draw_frame(double seconds) {
     const render_context context{std::max(m_client.Width(), 0), std::max(m_client.Height(), 0), seconds};
     const bool moving = m_animations.step();
     each_module([](IBaseModule& module) { module.frame_move(); });

@@ -6,6 +6,7 @@
 
 #include "host/core/item_store.h"
 #include "host/core/legacy_file.h"
+#include "host/core/memory_watch.h"
 #include "host/core/project_file.h"
 #include "host/core/text_conversion.h"
 #include "host/system/animation.h"
@@ -32,7 +33,8 @@ void Engine::fix_project_path(const tstringW& path) {
     m_path_is_fixed = true;
 }
 
-void Engine::new_project(int width, int height) {
+bool Engine::new_project(int width, int height) {
+    const MemoryWatch watch;
     m_client = {0, 0, std::max(width, 0), std::max(height, 0)};
     set_project_path({});
     // The modules may know the former one up to their clean project.
@@ -40,11 +42,14 @@ void Engine::new_project(int width, int height) {
     if (m_next_font) m_font = std::exchange(m_next_font, {});
     default_font = m_font.get();
     clean_project();
+    return !watch.ran_out();
 }
 
-bool Engine::open_project(const std::string& path, std::string& error) {
+bool Engine::open_project(const std::string& path, std::string& error) try {
     ProjectDocument document;
     return read_project(path, document, error) && open_document(document, path, error);
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
 }
 
 namespace {
@@ -87,26 +92,43 @@ bool Engine::can_open(const std::string& path, std::string& error) const {
     return false;
 }
 
-bool Engine::open_document(const ProjectDocument& document, const std::string& path, std::string& error) {
-    if (!can_open(path, error) || !check_kinds(document, path, error)) return false;
+// What is half opened must not stay: saved, it would take the place of the whole.
+template <class Fill>
+bool Engine::replace_project(const std::string& path, std::string& error, Fill fill) {
+    const MemoryWatch watch;
+    try {
+        clean_project();
+        set_project_path(path);
+        fill();
+        if (!watch.ran_out()) return true;
+    } catch (const std::bad_alloc&) {
+        // It ends as it does where a module kept quiet about it.
+    }
+    set_project_path({});
     clean_project();
-    set_project_path(path);
-    fill(document, path);
-    return true;
+    return out_of_memory(path, error);
 }
 
-bool Engine::import_project(const std::string& path, std::string& error) {
+bool Engine::open_document(const ProjectDocument& document, const std::string& path, std::string& error) try {
+    if (!can_open(path, error) || !check_kinds(document, path, error)) return false;
+    return replace_project(path, error, [&] { fill(document, path); });
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
+}
+
+bool Engine::import_project(const std::string& path, std::string& error) try {
     const auto legacy = read_legacy(path, error);
     return legacy && import_tree(*legacy, error);
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
 }
 
 bool Engine::import_tree(LegacyProject& legacy, std::string& error) {
     const std::string path = to_utf8(legacy.get_full_filename());
     if (!can_open(path, error)) return false;
-    clean_project();
-    set_project_path(path);
-    for (const auto& library : m_modules) library->module().on_open_old_zov_project(&legacy.root());
-    return true;
+    return replace_project(path, error, [&] {
+        for (const auto& library : m_modules) library->module().on_open_old_zov_project(&legacy.root());
+    });
 }
 
 void Engine::fill(const ProjectDocument& document, const std::string& path) {
@@ -174,10 +196,17 @@ ProjectDocument Engine::document(const std::string& path) {
     return document;
 }
 
-bool Engine::save_project(const std::string& path, std::string& error) {
-    if (!write_project(path, document(path), error)) return false;
-    set_project_path(path);
+bool Engine::save_project(const std::string& path, std::string& error) try {
+    const MemoryWatch watch;
+    const ProjectDocument saved = document(path);
+    if (watch.ran_out()) return out_of_memory(path, error);
+    // Ahead of the file, so that nothing can fail once that is written.
+    tstringW own_path = m_path_is_fixed ? project_file_path : tstringW(from_utf8(path));
+    if (!write_project(path, saved, error)) return false;
+    project_file_path.swap(own_path);
     return true;
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
 }
 
 // Ahead of the items, for the modules number them here.

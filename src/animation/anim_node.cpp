@@ -6,6 +6,7 @@
 #include "animation/interpolation.h"
 #include "animation/near_keys.h"
 #include "layout/anchors.h"
+#include "module/boundary.h"
 
 CSimpleGUIAnimNode::CSimpleGUIAnimNode(const CGuid& item_id, CSimpleGUIManager* manager)
     : CAnimNodeBase(static_cast<EAnimNodeType>(ANIM_NODE_TYPE_GUI), item_id), m_manager(manager) {
@@ -16,12 +17,14 @@ CSimpleGUIAnimNode::~CSimpleGUIAnimNode() {
     if (m_manager) m_manager->m_anim_nodes.remove(this);
 }
 
-void CSimpleGUIAnimNode::create_tracks() {
+void CSimpleGUIAnimNode::create_tracks() try {
     m_offset_track = add_track(TRACK_TYPE_OFFSET);
     m_size_track = add_track(TRACK_TYPE_SIZE);
     m_visible_track = add_track(TRACK_TYPE_VISIBLE);
     m_align_track = add_track(TRACK_TYPE_ALIGN);
     m_color_track = add_track(TRACK_TYPE_COLOR);
+} catch (...) {
+    keep_inside(L"node: create_tracks");
 }
 
 namespace {
@@ -55,7 +58,7 @@ void CSimpleGUIAnimNode::find_tracks() {
     }
 }
 
-void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
+void CSimpleGUIAnimNode::animate(const SAnimateContext& context) try {
     find_tracks();
     const auto offsets = near_keys<SGuiOffset>(m_offset_track, context);
     const auto sizes = near_keys<SGuiSize>(m_size_track, context);
@@ -86,4 +89,6 @@ void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
     item.set_alignment(align);
     item.set_rect(rect_of_key(offset, size, align, item.frame));
     if (item.shape && !colors.none()) item.shape->m_color = mixed_field(colors, moment, &SGuiColor::m_color);
+} catch (...) {
+    keep_inside(L"node: animate");
 }
