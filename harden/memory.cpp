@@ -27,6 +27,7 @@ constexpr int width = 320;
 constexpr int height = 180;
 /// At which the showroom stands still, in seconds.
 constexpr double moment = 5.0;
+const std::string module_path = MODULE_PATH;
 const std::string showroom = SAMPLES "/showroom/showroom.sgui";
 const std::string legacy_project = SAMPLES "/legacy/both.legacy";
 
@@ -43,8 +44,8 @@ struct Operation {
         FORMER_OR_EMPTY,
         /// What is there with memory: a frame is made anew each time.
         WHOLE,
-        /// A script ends anywhere; what it has done by then stays.
-        PART_OF_A_SCRIPT,
+        /// A script or an animation ends anywhere; what it has done by then stays.
+        PART_OF_ITS_WORK,
     } rest = FORMER;
 };
 
@@ -101,12 +102,14 @@ public:
                  return m_engine.frame(moment) && !m_says_why;
              },
              Operation::WHOLE},
+            {"a start of the run", [this] { open_showroom(); }, [this](std::string&) { return m_engine.start_run(); },
+             Operation::PART_OF_ITS_WORK},
             {"a click with its script", [this] { run_showroom(); },
              [this, place](std::string&) {
                  m_engine.mouse(host::InputKind::LEFT_DOWN, place.x, place.y);
                  return !m_says_why;
              },
-             Operation::PART_OF_A_SCRIPT},
+             Operation::PART_OF_ITS_WORK},
         };
         int failed = 0;
         for (const Operation& operation : operations) failed += fail_every(operation, most, step);
@@ -236,16 +239,16 @@ private:
                          good ? "it said it worked" : error.c_str());
         };
         expect(good || m_says_why, "nothing is said");
-        const bool is_script = operation.rest == Operation::PART_OF_A_SCRIPT;
+        const bool is_part = operation.rest == Operation::PART_OF_ITS_WORK;
         {
             const std::string found = state();
             const bool is_empty = operation.rest == Operation::FORMER_OR_EMPTY && found == m_empty;
             const bool is_whole = (good || operation.rest == Operation::WHOLE) && found == after;
             const bool is_former = !good && found == before;
             m_closed += !good && is_empty && !is_former ? 1 : 0;
-            expect(is_whole || is_former || (!good && (is_empty || is_script)), "what is left is not what should be");
+            expect(is_whole || is_former || (!good && (is_empty || is_part)), "what is left is not what should be");
         }
-        expect(works(operation) && (is_script || state() == after), "with memory it does not work either");
+        expect(works(operation) && (is_part || state() == after), "with memory it does not work either");
         operation.prepare();
         std::string().swap(error);
         if (live_bytes() == m_live) return;
@@ -271,6 +274,38 @@ private:
     int m_violations = 0;
 };
 
+// A module that could not be loaded whole is not there, and can be loaded again. False where nothing failed.
+bool load_short(host::SdlDevice& device, long at, int& losses) {
+    std::string error;
+    host::Engine engine(device, host::default_font_path());
+    const ShortMemory fault(at);
+    const bool good = engine.load_module(module_path, error);
+    if (good == (engine.module() == nullptr) || (!good && error.find("out of memory") == std::string::npos)) {
+        ++losses;
+        std::fprintf(stderr, "loading, allocation %ld: %s\n", at, error.c_str());
+    }
+    return fault.was_felt();
+}
+
+int load_every(host::SdlDevice& device) {
+    host::set_log_sink([](int, std::wstring_view) {});
+    int losses = 0;
+    load_short(device, ShortMemory::never, losses);
+    long long live = live_bytes();
+    long at = 0;
+    for (; load_short(device, at, losses); ++at) {
+        if (live_bytes() == live) continue;
+        // As with the operations above: a leak grows each time.
+        live = live_bytes();
+        load_short(device, at, losses);
+        if (live_bytes() > live) std::fprintf(stderr, "loading, allocation %ld: bytes lost\n", at), ++losses;
+        live = live_bytes();
+    }
+    return report("memory: none left in loading the module",
+                  std::to_string(at) + " failures, " + std::to_string(losses) + " losses", "none",
+                  at > 10 && losses == 0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -281,7 +316,8 @@ int main(int argc, char** argv) {
     int failed = 0;
     {
         const auto device = host::SdlDevice::in_memory();
-        failed = Memory(folder, *device).run_all(much == "--quick" ? 0 : 2000, much == "--long" ? 1 : 97);
+        failed = load_every(*device);
+        failed += Memory(folder, *device).run_all(much == "--quick" ? 0 : 2000, much == "--long" ? 1 : 97);
     }
     fs::remove_all(folder);
     return failed == 0 ? 0 : 1;

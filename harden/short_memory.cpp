@@ -112,5 +112,22 @@ void* operator new(std::size_t size) {
     }
 }
 
+// All forms, for sanitizers bring their own of each.
+void* operator new[](std::size_t size) { return operator new(size); }
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept { return operator new(size, tag); }
+
 void operator delete(void* memory) noexcept { give_back(memory); }
 void operator delete(void* memory, std::size_t) noexcept { give_back(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { give_back(memory); }
+void operator delete[](void* memory) noexcept { give_back(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { give_back(memory); }
+void operator delete[](void* memory, const std::nothrow_t&) noexcept { give_back(memory); }

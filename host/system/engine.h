@@ -50,7 +50,8 @@ public:
     /// A line of text for whoever sits before the screen, UTF-8.
     void show_message(const std::string& text);
 
-    /// Loads the library and brings its module up to init_3d_environment and on_register_xfunc. False: `error` set.
+    /// Loads the library and brings its module up to init_3d_environment and on_register_xfunc. False: `error` set;
+    /// where memory ran out amid that, the engine is closed.
     bool load_module(const std::string& so_path, std::string& error);
     /// The first loaded module, or null.
     IBaseModule* module() const;
@@ -72,7 +73,7 @@ public:
     bool import_tree(LegacyProject& legacy, std::string& error);
     /// The project then belongs to that file. False: the old file stands, `error` says why.
     bool save_project(const std::string& path, std::string& error);
-    /// What save_project would write; `path` as in open_document.
+    /// What save_project would write; `path` as in open_document. Throws std::bad_alloc where that is too much.
     ProjectDocument document(const std::string& path = {});
     const std::vector<std::string>& warnings() const { return m_warnings; }
 
@@ -88,7 +89,8 @@ public:
     /// memory ran out, with a line in the log: a part of the picture is missing.
     bool frame(double seconds);
 
-    void start_run();
+    /// False where memory ran out, and the project does not run.
+    bool start_run();
     /// Inside an event the end waits until the event is through, since the tool that hears it would be destroyed.
     void stop_run();
     /// The same at once, whatever is on its way: for a caller that knows its modules to bear it.

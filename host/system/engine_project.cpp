@@ -123,12 +123,14 @@ bool Engine::import_project(const std::string& path, std::string& error) try {
     return out_of_memory(path, error);
 }
 
-bool Engine::import_tree(LegacyProject& legacy, std::string& error) {
+bool Engine::import_tree(LegacyProject& legacy, std::string& error) try {
     const std::string path = to_utf8(legacy.get_full_filename());
     if (!can_open(path, error)) return false;
     return replace_project(path, error, [&] {
         for (const auto& library : m_modules) library->module().on_open_old_zov_project(&legacy.root());
     });
+} catch (const std::bad_alloc&) {
+    return out_of_memory({}, error);
 }
 
 void Engine::fill(const ProjectDocument& document, const std::string& path) {
@@ -184,6 +186,7 @@ void Engine::create_animation(const ProjectAnimation& stored, load_operation& op
 }
 
 ProjectDocument Engine::document(const std::string& path) {
+    const MemoryWatch watch;
     save_operation operation;
     operation.system = this;
     operation.project_folder = folder_of(path);
@@ -193,13 +196,13 @@ ProjectDocument Engine::document(const std::string& path) {
     SavedIds ids;
     save_items(ids, document, operation);
     save_animations(ids, document, operation);
+    // Where a module kept quiet about it, the document is no whole one.
+    if (watch.ran_out()) throw std::bad_alloc();
     return document;
 }
 
 bool Engine::save_project(const std::string& path, std::string& error) try {
-    const MemoryWatch watch;
     const ProjectDocument saved = document(path);
-    if (watch.ran_out()) return out_of_memory(path, error);
     // Ahead of the file, so that nothing can fail once that is written.
     tstringW own_path = m_path_is_fixed ? project_file_path : tstringW(from_utf8(path));
     if (!write_project(path, saved, error)) return false;

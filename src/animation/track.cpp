@@ -112,7 +112,7 @@ void TBaseTrack<T>::place_key(std::size_t place, IKey* key) {
     const bool precedes = place == m_keys.size() || key->m_time <= m_keys[place]->m_time;
     std::unique_ptr<IKey> held(key);
     m_keys.insert(m_keys.begin() + static_cast<std::ptrdiff_t>(place), key);
-    held.release();
+    (void)held.release();
     m_sorted = m_sorted && follows && precedes;
 }
 

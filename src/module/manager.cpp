@@ -57,10 +57,11 @@ void for_each_item(message_param list, Visit visit) {
 }  // namespace
 
 CSimpleGUIManager::CSimpleGUIManager(XSystem* system) : IBaseModule(system) {
+    // First, for without the memory for it there is no manager.
+    register_types();
     m_instance = this;
     s_gui_manager = this;
     s_gui_system = m_system;
-    register_types();
 }
 
 CSimpleGUIManager::CSimpleGUIManager(const CSimpleGUIManager&) = default;
@@ -98,8 +99,9 @@ tstringW CSimpleGUIManager::get_name() const try { return L"CSimpleGUIManager"; 
 CGuid CSimpleGUIManager::get_id() const { return CGuid(L"283B689B-6775-0F82-3171-70E93AFF15F6"); }
 
 void CSimpleGUIManager::init_3d_environment() try {
-    m_setting = new CGlobalGUISetting(m_system);
-    m_system->m_scene_manager->add_property_item(m_setting, L"GUI界面环境设置");
+    const CMyComPtr<CGlobalGUISetting> setting(new CGlobalGUISetting(m_system));
+    m_system->m_scene_manager->add_property_item(setting.get(), L"GUI界面环境设置");
+    m_setting = setting.get();
 } catch (...) {
     keep_inside(L"init_3d_environment");
 }
@@ -114,7 +116,7 @@ void CSimpleGUIManager::prepare_run() try {
     }
     // A second prepare_run without an after_run would otherwise leave a tool in the input chain that nobody destroys.
     if (s_run_tool) after_run_tool();
-    s_run_tool = new (std::nothrow) CMTGUIRun(m_system, this);
+    s_run_tool = new CMTGUIRun(m_system, this);
     m_system->m_input_manager->add_listener(s_run_tool, RUN_TOOL_PRIORITY);
     m_system->request_view_update();
 } catch (...) {
