@@ -73,6 +73,7 @@ public:
     Memory(const Memory&) = delete;
     Memory& operator=(const Memory&) = delete;
 
+    /// Of each operation the first `most` allocations fail, and behind them each `step`th, or a hundred in all for 0.
     int run_all(long most, long step) {
         const std::string file = (m_folder / "saved.sgui").string();
         run_showroom();
@@ -200,7 +201,8 @@ private:
         operation.prepare();
         m_live = live_bytes();
         m_done = m_overcome = m_closed = m_violations = 0;
-        for (long at = 0; at < asked; at += at < most ? 1 : step)
+        const long behind = step > 0 ? step : asked / 100 + 1;
+        for (long at = 0; at < asked; at += at < most ? 1 : behind)
             for (const bool lasts : {false, true}) inject(operation, at, lasts, before, after);
         return report(
             std::string("memory: none left in ") + operation.name,
@@ -317,7 +319,10 @@ int main(int argc, char** argv) {
     {
         const auto device = host::SdlDevice::in_memory();
         failed = load_every(*device);
-        failed += Memory(folder, *device).run_all(much == "--quick" ? 0 : 2000, much == "--long" ? 1 : 97);
+        failed += Memory(folder, *device)
+                      .run_all(much == "--quick" ? 0 : 2000, much == "--long"    ? 1
+                                                             : much == "--quick" ? 0
+                                                                                 : 97);
     }
     fs::remove_all(folder);
     return failed == 0 ? 0 : 1;

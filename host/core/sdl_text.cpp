@@ -66,7 +66,12 @@ const SdlText::Layout& SdlText::layout_of(const IBaseFont::Face& face, std::wstr
 SdlText::Image SdlText::rasterised(const IBaseFont::Face& face, std::wstring_view run) {
     Image image{std::make_unique<const std::wstring>(run), {}};
     const SdlSurface surface(TTF_RenderUTF8_Blended(face.font, printable(run).c_str(), {255, 255, 255, 255}));
-    if (!surface) check_sdl_memory();
+    if (!surface) {
+        // The library does not always say that it was memory. Only what has nothing to show is remembered as that.
+        image.is_known = std::string_view(SDL_GetError()) == "Text has zero width";
+        check_sdl_memory();
+        SDL_ClearError();
+    }
     if (!surface || surface->format->format != SDL_PIXELFORMAT_ARGB8888) return image;
     image.width = surface->w;
     image.height = surface->h;
@@ -79,6 +84,8 @@ SdlText::Image SdlText::rasterised(const IBaseFont::Face& face, std::wstring_vie
 const SdlText::Image& SdlText::image_of(const IBaseFont::Face& face, std::wstring_view run) {
     if (const Image* known = m_images.find({face.id, run})) return *known;
     Image image = rasterised(face, run);
+    static const Image none;
+    if (!image.is_known) return none;
     const Key key{face.id, *image.text};
     const std::size_t pixels = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
     return m_images.add(key, std::move(image), pixels + entry_cost);
