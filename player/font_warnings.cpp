@@ -22,7 +22,7 @@ std::wstring last_place(const std::wstring& project, const StoredSlot& slot) {
 }  // namespace
 
 FontWarnings::FontWarnings() {
-    host::set_log_sink([this](int, const std::wstring& line) { m_lines.push_back(line); });
+    host::set_log_sink([this](int, std::wstring_view line) { m_lines.emplace_back(line); });
 }
 
 FontWarnings::~FontWarnings() { host::set_log_sink({}); }

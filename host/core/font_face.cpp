@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "host/core/native_path.h"
+#include "host/core/sdl_memory.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ bool IBaseFont::Face::can_open() const { return m_library_ready && height > 0 &&
 
 void IBaseFont::Face::adopt(TTF_Font* opened) {
     font = opened;
-    if (!font) return;
+    if (!font) return host::check_sdl_memory();
     italic = (TTF_GetFontStyle(font) & TTF_STYLE_ITALIC) != 0;
     // Full hinting bends Chinese strokes to the pixel grid; light hinting keeps their shape.
     TTF_SetFontHinting(font, TTF_HINTING_LIGHT);
@@ -46,6 +47,7 @@ std::unique_ptr<IBaseFont::Face> IBaseFont::Face::from_memory(const void* image,
     const auto* bytes = static_cast<const std::uint8_t*>(image);
     face->m_image.assign(bytes, bytes + length);
     SDL_RWops* stream = SDL_RWFromConstMem(face->m_image.data(), static_cast<int>(length));
+    if (!stream) host::check_sdl_memory();
     if (stream) face->adopt(TTF_OpenFontIndexRW(stream, 1, face->height, 0));
     return face;
 }

@@ -31,7 +31,12 @@ public:
     /// There must be no entry of that key yet.
     Value& add(const Key& key, Value value, std::size_t cost) {
         m_entries.push_front({key, std::move(value), cost, m_frame});
-        m_index.emplace(key, m_entries.begin());
+        try {
+            m_index.emplace(key, m_entries.begin());
+        } catch (...) {
+            m_entries.pop_front();
+            throw;
+        }
         m_cost += cost;
         while (m_cost > m_cost_limit && m_entries.size() > 1) drop_last();
         return m_entries.front().value;

@@ -1,6 +1,7 @@
 #include "host/core/item_store.h"
 
 #include <map>
+#include <memory>
 
 #include "host/core/text_conversion.h"
 
@@ -67,16 +68,16 @@ IBaseItem* load_item_from_node(const char* key, pack_node* node, const load_oper
     int type = 0;
     if (!place || !place->get_property(host::type_key, PAK_INT, &type)) return nullptr;
     const host::ItemKind* kind = host::find_item_kind(static_cast<unsigned>(type));
-    IBaseItem* item = kind ? kind->creator(operation.system) : nullptr;
+    std::unique_ptr<IBaseItem> item(kind ? kind->creator(operation.system) : nullptr);
     if (!item) {
         if (operation.warnings)
             operation.warnings->push_back(to_utf8(operation.owner_name) + ", " + key + ": unknown kind of item " +
                                           std::to_string(type));
         return nullptr;
     }
-    if (auto* placed = dynamic_cast<host::PlacedItem*>(item))
+    if (auto* placed = dynamic_cast<host::PlacedItem*>(item.get()))
         placed->set_place(operation.owner_id, operation.owner_name, key);
     item->on_parse(place, operation);
     item->on_ready();
-    return item;
+    return item.release();
 }

@@ -9,6 +9,7 @@
 #include "host/core/picture_head.h"
 #include "host/core/project_disk.h"
 #include "host/core/sdl_handles.h"
+#include "host/core/sdl_memory.h"
 
 namespace host {
 namespace {
@@ -45,9 +46,11 @@ SdlSurface decode(const std::string& bytes) {
     const auto head = picture_head(content);
     if (!head || !is_small_enough(head->width, head->height) || !is_whole(*head, content)) return {};
     SDL_RWops* stream = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
+    if (!stream) check_sdl_memory();
     if (!stream) return {};
     SdlSurface surface(loaders[static_cast<std::size_t>(head->format)](stream));
     SDL_RWclose(stream);
+    if (!surface) check_sdl_memory();
     return surface;
 }
 
@@ -75,6 +78,7 @@ std::shared_ptr<const Picture> read_picture(const std::filesystem::path& path) {
                                            static_cast<int>(width * sizeof(std::uint32_t)), pixel_format));
     const bool good = decoded && target && SDL_SetSurfaceBlendMode(decoded.get(), SDL_BLENDMODE_NONE) == 0 &&
                       SDL_BlitSurface(decoded.get(), nullptr, target.get(), nullptr) == 0;
+    if (!good) check_sdl_memory();
     return good ? picture : nullptr;
 }
 
@@ -91,8 +95,13 @@ SdlStream appending_stream(std::string& bytes) {
     if (!stream) return stream;
     stream->hidden.unknown.data1 = &bytes;
     stream->write = [](SDL_RWops* self, const void* data, std::size_t size, std::size_t count) {
-        static_cast<std::string*>(self->hidden.unknown.data1)->append(static_cast<const char*>(data), size * count);
-        return count;
+        // No exception may go through the libraries between here and whoever writes.
+        try {
+            static_cast<std::string*>(self->hidden.unknown.data1)->append(static_cast<const char*>(data), size * count);
+            return count;
+        } catch (const std::bad_alloc&) {
+            return std::size_t{0};
+        }
     };
     stream->size = [](SDL_RWops*) -> Sint64 { return -1; };
     stream->seek = [](SDL_RWops*, Sint64, int) -> Sint64 { return -1; };

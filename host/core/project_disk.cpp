@@ -193,6 +193,9 @@ bool replace_file(const std::string& path, std::string_view bytes, OldFile old_f
         error = "cannot replace: it is no plain file";
         return false;
     }
+    // Ahead of the new file: once that stands there must be nothing left that asks for memory.
+    const fs::path backup = backup_of(target.string());
+    const fs::path folder = target.parent_path();
     PassingName fresh(target);
     if (!fresh.write(target, bytes, error)) return false;
     PassingName old(target);
@@ -206,8 +209,8 @@ bool replace_file(const std::string& path, std::string_view bytes, OldFile old_f
         return false;
     }
     // Behind the new file, so that a save which fails takes nothing from an older version that is still kept.
-    if (is_kept) (void)old.rename_to(backup_of(target.string()));
-    flush_folder(target.parent_path());
+    if (is_kept) (void)old.rename_to(backup);
+    flush_folder(folder);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/core/memory_watch.h"
 #include "host/core/project_text.h"
 
 namespace host::xml {
@@ -128,6 +129,7 @@ pugi::xml_node load_root(std::string_view text, FileKind kind, pugi::xml_documen
                       "no text (found a byte or character that XML cannot hold, expected UTF-8)");
     const auto result = xml.load_buffer(text.data(), text.size(), pugi::parse_default | pugi::parse_ws_pcdata_single,
                                         pugi::encoding_utf8);
+    if (result.status == pugi::status_out_of_memory) refuse_memory();
     if (!result)
         throw Failure(result.offset, std::string("no XML, or cut off (found: ") + result.description() +
                                          ", expected a whole <" + kind.root + ">)");

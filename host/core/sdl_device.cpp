@@ -9,6 +9,7 @@
 #include "host/core/clipping.h"
 #include "host/core/patterned_line.h"
 #include "host/core/picture_file.h"
+#include "host/core/sdl_memory.h"
 #include "host/core/sdl_pictures.h"
 #include "host/core/sdl_text.h"
 
@@ -82,26 +83,31 @@ SdlDevice::~SdlDevice() = default;
 void SdlDevice::begin_frame(int width, int height) {
     Device::begin_frame(width, height);
     const CRect size(0, 0, view_width(), view_height());
-    SDL_SetRenderTarget(m_renderer.get(), nullptr);
+    check_sdl_memory(SDL_SetRenderTarget(m_renderer.get(), nullptr));
     if (!(size == m_frame_size)) {
         m_frame.reset();
         m_frame_size = size;
         if (can_hold(size)) {
             m_frame.reset(SDL_CreateTexture(m_renderer.get(), SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_TARGET,
                                             size.right, size.bottom));
+            if (!m_frame) {
+                m_frame_size = {};
+                check_sdl_memory();
+                m_frame_size = size;
+            }
         }
     }
     if (!m_frame) return;
     SDL_SetTextureBlendMode(m_frame.get(), SDL_BLENDMODE_NONE);
-    SDL_SetRenderTarget(m_renderer.get(), m_frame.get());
+    check_sdl_memory(SDL_SetRenderTarget(m_renderer.get(), m_frame.get()));
     SDL_SetRenderDrawColor(m_renderer.get(), 0, 0, 0, 255);
-    SDL_RenderClear(m_renderer.get());
+    check_sdl_memory(SDL_RenderClear(m_renderer.get()));
 }
 
 void SdlDevice::end_frame() {
-    SDL_SetRenderTarget(m_renderer.get(), nullptr);
+    check_sdl_memory(SDL_SetRenderTarget(m_renderer.get(), nullptr));
     if (!m_surface) {
-        if (m_frame) SDL_RenderCopy(m_renderer.get(), m_frame.get(), nullptr, nullptr);
+        if (m_frame) check_sdl_memory(SDL_RenderCopy(m_renderer.get(), m_frame.get(), nullptr, nullptr));
         SDL_RenderPresent(m_renderer.get());
     }
     m_pictures->next_frame();
@@ -127,7 +133,7 @@ void SdlDevice::draw_solid_rect(const tagRECT& rect, const VEC4& color, x3d_blen
     if (is_empty(visible)) return;
     set_draw_color(m_renderer.get(), to_bytes(color));
     const SDL_Rect target = to_sdl(visible);
-    SDL_RenderFillRect(m_renderer.get(), &target);
+    check_sdl_memory(SDL_RenderFillRect(m_renderer.get(), &target));
 }
 
 void SdlDevice::draw_texture_to_rect(const tagRECT& rect, CMyComPtr<IDeviceTexture> texture, const VEC4& color,
@@ -152,7 +158,7 @@ void SdlDevice::draw_pline_with_pattern(const std::vector<VEC2>& points, const V
     }
     if (squares.empty()) return;
     set_draw_color(m_renderer.get(), to_bytes(color));
-    SDL_RenderFillRects(m_renderer.get(), squares.data(), static_cast<int>(squares.size()));
+    check_sdl_memory(SDL_RenderFillRects(m_renderer.get(), squares.data(), static_cast<int>(squares.size())));
 }
 
 void SdlDevice::draw_text(IBaseFont::Face& face, int x, int y, const VEC4& color, const wchar_t* text,
@@ -174,10 +180,11 @@ void SdlDevice::draw_triangles(std::span<const PaintedPoint> corners) {
         for (std::size_t i = 0; i + 2 < vertices.size(); i += 3) make_uneven(vertices.data() + i);
     }
     const SDL_Rect clip_rect = to_sdl(visible);
-    SDL_RenderSetClipRect(m_renderer.get(), &clip_rect);
+    check_sdl_memory(SDL_RenderSetClipRect(m_renderer.get(), &clip_rect));
     SDL_SetRenderDrawBlendMode(m_renderer.get(), SDL_BLENDMODE_BLEND);
-    SDL_RenderGeometry(m_renderer.get(), nullptr, vertices.data(), static_cast<int>(vertices.size()), nullptr, 0);
-    SDL_RenderSetClipRect(m_renderer.get(), nullptr);
+    check_sdl_memory(
+        SDL_RenderGeometry(m_renderer.get(), nullptr, vertices.data(), static_cast<int>(vertices.size()), nullptr, 0));
+    check_sdl_memory(SDL_RenderSetClipRect(m_renderer.get(), nullptr));
 }
 
 void SdlDevice::forget_unused() {
@@ -190,10 +197,10 @@ std::vector<std::uint32_t> SdlDevice::read_pixels() {
     const auto width = static_cast<std::size_t>(m_frame_size.right);
     std::vector<std::uint32_t> pixels(width * static_cast<std::size_t>(m_frame_size.bottom));
     SDL_Texture* const target = SDL_GetRenderTarget(m_renderer.get());
-    SDL_SetRenderTarget(m_renderer.get(), m_frame.get());
+    check_sdl_memory(SDL_SetRenderTarget(m_renderer.get(), m_frame.get()));
     const int failed = SDL_RenderReadPixels(m_renderer.get(), nullptr, SDL_PIXELFORMAT_ARGB8888, pixels.data(),
                                             m_frame_size.right * int{sizeof(std::uint32_t)});
-    SDL_SetRenderTarget(m_renderer.get(), target);
+    check_sdl_memory(SDL_SetRenderTarget(m_renderer.get(), target));
     if (failed) return {};
     // The frame is what one sees; the alpha that blending left in it means nothing.
     for (std::uint32_t& pixel : pixels) pixel |= 0xFF000000u;

@@ -6,6 +6,7 @@
 #include "host/core/byte_color.h"
 #include "host/core/clipping.h"
 #include "host/core/picture_scaling.h"
+#include "host/core/sdl_memory.h"
 
 namespace host {
 namespace {
@@ -28,7 +29,10 @@ public:
 SdlTexturePtr upload_pixels(SDL_Renderer* renderer, const std::uint32_t* argb, int width, int height, int pitch_bytes) {
     SdlTexturePtr texture(
         SDL_CreateTexture(renderer, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STATIC, width, height));
-    if (!texture || SDL_UpdateTexture(texture.get(), nullptr, argb, pitch_bytes) != 0) return {};
+    if (!texture || SDL_UpdateTexture(texture.get(), nullptr, argb, pitch_bytes) != 0) {
+        check_sdl_memory();
+        return {};
+    }
     SDL_SetTextureBlendMode(texture.get(), SDL_BLENDMODE_BLEND);
     SDL_SetTextureScaleMode(texture.get(), SDL_ScaleModeLinear);
     return texture;
@@ -101,17 +105,17 @@ void SdlPictures::draw(const IDeviceTexture* texture, const CRect& rect, const C
     SDL_SetTextureColorMod(image, tint.r, tint.g, tint.b);
     SDL_SetTextureAlphaMod(image, tint.a);
     const SDL_Rect clip_rect{clip.left, clip.top, clip.Width(), clip.Height()};
-    SDL_RenderSetClipRect(m_renderer, &clip_rect);
+    check_sdl_memory(SDL_RenderSetClipRect(m_renderer, &clip_rect));
     if (m_software) {
         const SDL_Rect target{saturated(std::int64_t{rect.left} + key.part.left),
                               saturated(std::int64_t{rect.top} + key.part.top), key.part.Width(), key.part.Height()};
-        SDL_RenderCopy(m_renderer, image, nullptr, &target);
+        check_sdl_memory(SDL_RenderCopy(m_renderer, image, nullptr, &target));
     } else {
         const SDL_FRect target{static_cast<float>(rect.left), static_cast<float>(rect.top),
                                static_cast<float>(rect.Width()), static_cast<float>(rect.Height())};
-        SDL_RenderCopyF(m_renderer, image, nullptr, &target);
+        check_sdl_memory(SDL_RenderCopyF(m_renderer, image, nullptr, &target));
     }
-    SDL_RenderSetClipRect(m_renderer, nullptr);
+    check_sdl_memory(SDL_RenderSetClipRect(m_renderer, nullptr));
 }
 
 void SdlPictures::next_frame() {

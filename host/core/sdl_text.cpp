@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/core/byte_color.h"
+#include "host/core/sdl_memory.h"
 #include "host/core/sdl_pictures.h"
 #include "host/core/text_anchor.h"
 #include "host/core/text_conversion.h"
@@ -36,7 +37,9 @@ std::string printable(std::wstring_view run) {
 
 int measured_width(TTF_Font* font, std::wstring_view run) {
     int width = 0;
-    return TTF_SizeUTF8(font, printable(run).c_str(), &width, nullptr) == 0 ? width : 0;
+    const int failed = TTF_SizeUTF8(font, printable(run).c_str(), &width, nullptr);
+    check_sdl_memory(failed);
+    return failed ? 0 : width;
 }
 
 }  // namespace
@@ -63,6 +66,12 @@ const SdlText::Layout& SdlText::layout_of(const IBaseFont::Face& face, std::wstr
 SdlText::Image SdlText::rasterised(const IBaseFont::Face& face, std::wstring_view run) {
     Image image{std::make_unique<const std::wstring>(run), {}};
     const SdlSurface surface(TTF_RenderUTF8_Blended(face.font, printable(run).c_str(), {255, 255, 255, 255}));
+    if (!surface) {
+        // The library does not always say that it was memory. Only what has nothing to show is remembered as that.
+        image.is_known = std::string_view(SDL_GetError()) == "Text has zero width";
+        check_sdl_memory();
+        SDL_ClearError();
+    }
     if (!surface || surface->format->format != SDL_PIXELFORMAT_ARGB8888) return image;
     image.width = surface->w;
     image.height = surface->h;
@@ -75,6 +84,8 @@ SdlText::Image SdlText::rasterised(const IBaseFont::Face& face, std::wstring_vie
 const SdlText::Image& SdlText::image_of(const IBaseFont::Face& face, std::wstring_view run) {
     if (const Image* known = m_images.find({face.id, run})) return *known;
     Image image = rasterised(face, run);
+    static const Image none;
+    if (!image.is_known) return none;
     const Key key{face.id, *image.text};
     const std::size_t pixels = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
     return m_images.add(key, std::move(image), pixels + entry_cost);
@@ -94,7 +105,7 @@ void SdlText::draw(const IBaseFont::Face& face, std::int64_t x, std::int64_t y, 
     const std::int64_t overhang = line_height;
 
     const SDL_Rect clip_rect{clip.left, clip.top, clip.Width(), clip.Height()};
-    SDL_RenderSetClipRect(m_renderer, &clip_rect);
+    check_sdl_memory(SDL_RenderSetClipRect(m_renderer, &clip_rect));
     for (const PlacedRun& run : layout.runs) {
         const std::int64_t run_top = top + run.line * line_skip;
         if (run_top >= clip.bottom + overhang) break;
@@ -109,9 +120,9 @@ void SdlText::draw(const IBaseFont::Face& face, std::int64_t x, std::int64_t y, 
         SDL_SetTextureColorMod(image.texture.get(), tint.r, tint.g, tint.b);
         SDL_SetTextureAlphaMod(image.texture.get(), tint.a);
         const SDL_Rect target{static_cast<int>(left), static_cast<int>(run_top), image.width, image.height};
-        SDL_RenderCopy(m_renderer, image.texture.get(), nullptr, &target);
+        check_sdl_memory(SDL_RenderCopy(m_renderer, image.texture.get(), nullptr, &target));
     }
-    SDL_RenderSetClipRect(m_renderer, nullptr);
+    check_sdl_memory(SDL_RenderSetClipRect(m_renderer, nullptr));
 }
 
 void SdlText::next_frame() {

@@ -61,6 +61,8 @@ private:
         SdlTexturePtr texture;
         int width = 0;
         int height = 0;
+        /// False for what could not be made now and may be another time.
+        bool is_known = true;
     };
 
     const Layout& layout_of(const IBaseFont::Face& face, std::wstring_view text);

@@ -9,9 +9,9 @@ Actor::Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& i
 
 void Actor::set_name(const wchar_t* name, bool) {
     // Copied ahead of the change: the new name may be a part of the old one.
-    const tstringW copy = name ? name : L"";
+    tstringW copy = name ? name : L"";
     m_scene.leave_indexes(*this);
-    m_name = copy;
+    m_name.swap(copy);
     m_scene.enter_indexes(*this);
 }
 

@@ -11,15 +11,22 @@ constexpr const char* tracks_name = "tracks";
 constexpr const char* track_name = "track";
 constexpr const char* track_type_key = "track_type";
 
-// Takes an empty track of that type out of the list; null if there is none.
-ITrack* take_empty_track(std::vector<ITrack*>& tracks, int type) {
-    const auto found = std::find_if(tracks.begin(), tracks.end(), [type](ITrack* track) {
+// Takes an empty track of that type out of the list; empty if there is none.
+CMyComPtr<ITrack> take_empty_track(std::vector<CMyComPtr<ITrack>>& tracks, int type) {
+    const auto found = std::find_if(tracks.begin(), tracks.end(), [type](const CMyComPtr<ITrack>& track) {
         return track->get_track_type() == type && track->get_key_count() == 0;
     });
-    if (found == tracks.end()) return nullptr;
-    ITrack* const track = *found;
+    if (found == tracks.end()) return {};
+    CMyComPtr<ITrack> track = *found;
     tracks.erase(found);
     return track;
+}
+
+// Held ahead of the list, for that may ask for memory.
+ITrack* append(std::vector<ITrack*>& tracks, const CMyComPtr<ITrack>& track) {
+    tracks.push_back(track.get());
+    track->AddRef();
+    return track.get();
 }
 
 }  // namespace
@@ -71,33 +78,27 @@ void CAnimNodeBase::on_parse(pack_node* node, const load_operation& operation) {
     IAnimNode::on_parse(node, operation);
     pack_node* tracks = node->find_child(tracks_name);
     if (!tracks) return;
-    std::vector<ITrack*> former;
-    former.swap(m_tracks);
+    std::vector<CMyComPtr<ITrack>> former(m_tracks.begin(), m_tracks.end());
+    for (ITrack* track : m_tracks) track->Release();
+    m_tracks.clear();
     for (pack_node* place : *tracks->get_children()) {
         int type = 0;
         if (!place->get_property(track_type_key, PAK_INT, &type)) continue;
-        ITrack* track = take_empty_track(former, type);
-        if (track) {
-            m_tracks.push_back(track);
-        } else {
-            track = add_track(static_cast<unsigned>(type));
-        }
+        const CMyComPtr<ITrack> empty = take_empty_track(former, type);
+        ITrack* const track = empty ? append(m_tracks, empty) : add_track(static_cast<unsigned>(type));
         if (!track) continue;
         track->on_parse(place, operation);
         // A track may store a number of its own; what it was made as is what it is.
         track->set_track_type(type);
     }
-    for (ITrack* track : former) track->Release();
 }
 
 ITrack* CAnimNodeBase::add_track(unsigned type) {
     const host::TrackKind* kind = host::find_track_kind(type);
-    ITrack* track = kind ? kind->creator(type) : nullptr;
+    const CMyComPtr<ITrack> track(kind ? kind->creator(type) : nullptr);
     if (!track) return nullptr;
-    track->AddRef();
     track->set_track_type(static_cast<int>(type));
-    m_tracks.push_back(track);
-    return track;
+    return append(m_tracks, track);
 }
 
 void CAnimNodeBase::remove_track(ITrack* track) {

@@ -5,38 +5,48 @@
 #include <cstdint>
 #include <map>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace host {
 
+/// In one block, with the hashes beside the entries: a look-up reads one place, then the actor itself. For keys that
+/// nobody can make so that their hashes meet: such would let it grow without end.
+template <class Entry, class Hash, class Equal>
+using FlatTable = tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true>;
+/// For other keys.
+template <class Entry, class Hash, class Equal>
+using ChainedTable = std::unordered_set<Entry, Hash, Equal>;
+
 /// Finds actors by a key that several may share: the earliest created answers. Constant time whatever the number of
 /// keys, and no copy of a key: `KeyOf` reads it from the actor, so it must not change while the actor is in the index.
-template <class Actor, class KeyOf, class KeyHash>
+template <class Actor, class KeyOf, class KeyHash, template <class, class, class> class Table>
 class EarliestIndex {
 public:
     /// The actor is not in the index yet.
     void add(Actor* actor) {
         const auto [entry, is_first] = m_entries.insert(Entry{actor});
         if (is_first) return;
-        Others others = taken_others(entry->first);
-        if (actor->serial() < entry->first->serial()) std::swap(actor, entry->first);
-        others.emplace(actor->serial(), actor);
-        m_others.emplace(entry->first, std::move(others));
+        const bool is_earliest = actor->serial() < entry->first->serial();
+        Actor* const later = is_earliest ? entry->first : actor;
+        // What asks for memory comes ahead of all changes.
+        m_others[entry->first].emplace(later->serial(), later);
+        if (is_earliest) put_back(m_others.extract(entry->first), *entry, actor);
     }
-    /// An actor that is not in the index is passed over.
+    /// An actor that is not in the index is passed over. Asks for no memory.
     void remove(const Actor* actor) {
         const auto entry = m_entries.find(KeyOf()(*actor));
         if (entry == m_entries.end()) return;
-        Others others = taken_others(entry->first);
+        auto others = m_others.extract(entry->first);
         if (entry->first != actor) {
-            others.erase(actor->serial());
-        } else if (others.empty()) {
+            if (!others.empty()) others.mapped().erase(actor->serial());
+            put_back(std::move(others), *entry, entry->first);
+        } else if (others.empty() || others.mapped().empty()) {
             m_entries.erase(entry);
-            return;
         } else {
-            entry->first = others.extract(others.begin()).mapped();
+            Actor* const next = others.mapped().extract(others.mapped().begin()).mapped();
+            put_back(std::move(others), *entry, next);
         }
-        if (!others.empty()) m_others.emplace(entry->first, std::move(others));
     }
     /// Null if there is none.
     template <class Key>
@@ -51,9 +61,13 @@ private:
     struct Entry {
         mutable Actor* first;
     };
-    Others taken_others(const Actor* first) {
-        auto node = m_others.extract(first);
-        return node.empty() ? Others() : std::move(node.mapped());
+    using OthersByFirst = std::unordered_map<const Actor*, Others>;
+    // A node that was taken out goes in again without a question for memory: there is room for as many as before.
+    void put_back(typename OthersByFirst::node_type others, const Entry& entry, Actor* first) {
+        entry.first = first;
+        if (others.empty() || others.mapped().empty()) return;
+        others.key() = first;
+        m_others.insert(std::move(others));
     }
     struct Hash {
         using is_transparent = void;
@@ -75,10 +89,9 @@ private:
             return key == KeyOf()(*entry.first);
         }
     };
-    // In one block, with the hashes beside the entries: a look-up reads one place, then the actor itself.
-    tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true> m_entries;
+    Table<Entry, Hash, Equal> m_entries;
     // Those behind the first of a key, by that first; most keys have none.
-    std::unordered_map<const Actor*, Others> m_others;
+    OthersByFirst m_others;
 };
 
 }  // namespace host

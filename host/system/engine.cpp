@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "host/core/item_store.h"
+#include "host/core/memory_watch.h"
 #include "host/core/text_conversion.h"
 #include "host/system/engine_functions.h"
 #include "host/system/script_function.h"
@@ -60,15 +61,21 @@ void Engine::show_message(const std::string& text) {
     std::fputc('\n', stdout);
 }
 
-bool Engine::load_module(const std::string& so_path, std::string& error) {
+bool Engine::load_module(const std::string& so_path, std::string& error) try {
+    const MemoryWatch watch;
     auto library = ModuleLibrary::load(so_path, this, error);
-    if (!library) return false;
+    if (!library) return watch.ran_out() && out_of_memory(so_path, error);
     IBaseModule& module = library->module();
     m_modules.push_back(std::move(library));
     m_messages.add_listener(&module);
     module.init_3d_environment();
     module.on_register_xfunc();
-    return true;
+    if (!watch.ran_out()) return true;
+    close();
+    return out_of_memory(so_path, error);
+} catch (const std::bad_alloc&) {
+    close();
+    return out_of_memory(so_path, error);
 }
 
 IBaseModule* Engine::module() const { return m_modules.empty() ? nullptr : &m_modules.front()->module(); }
@@ -82,7 +89,20 @@ void Engine::tell_size_changed() {
     each_module([this](IBaseModule& module) { module.on_size_changed(m_client.Width(), m_client.Height()); });
 }
 
-void Engine::frame(double seconds) {
+bool Engine::frame(double seconds) {
+    const MemoryWatch watch;
+    bool whole = false;
+    try {
+        draw_frame(seconds);
+        whole = !watch.ran_out();
+    } catch (const std::bad_alloc&) {
+        whole = false;
+    }
+    if (!whole) zov_simple_log(LOG_FONT, L"a frame: out of memory", nullptr);
+    return whole;
+}
+
+void Engine::draw_frame(double seconds) {
     const render_context context{std::max(m_client.Width(), 0), std::max(m_client.Height(), 0), seconds};
     const bool moving = m_animations.step();
     each_module([](IBaseModule& module) { module.frame_move(); });
@@ -97,14 +117,19 @@ void Engine::frame(double seconds) {
     if (moving) request_view_update();
 }
 
-void Engine::start_run() {
-    if (m_running) return;
+bool Engine::start_run() {
+    if (m_running) return true;
+    const MemoryWatch watch;
     m_scripts.reset();
     m_running = true;
     // Their first moment comes ahead of the run, which takes what it finds as the state to fade from.
     m_animations.start_those_that_start_by_themselves();
     m_animations.step();
     each_module([](IBaseModule& module) { module.prepare_run(); });
+    if (!watch.ran_out()) return true;
+    end_run();
+    zov_simple_log(LOG_FONT, L"a start of the run: out of memory", nullptr);
+    return false;
 }
 
 void Engine::stop_run() {

@@ -49,17 +49,19 @@ public:
     /// A line of text for whoever sits before the screen, UTF-8.
     void show_message(const std::string& text);
 
-    /// Loads the library and brings its module up to init_3d_environment and on_register_xfunc. False: `error` set.
+    /// Loads the library and brings its module up to init_3d_environment and on_register_xfunc. False: `error` set;
+    /// where memory ran out amid that, the engine is closed.
     bool load_module(const std::string& so_path, std::string& error);
     /// The first loaded module, or null.
     IBaseModule* module() const;
 
     /// The default font from the next new_project on.
     void set_default_font(const CMyComPtr<IBaseFont>& font) { m_next_font = font; }
-    /// An empty project in a view of that size.
-    void new_project(int width, int height);
-    /// False: `error` is one line, and the open project is as it was. What is missing without being an error (pictures)
-    /// stands in warnings() afterwards.
+    /// An empty project in a view of that size. False where memory ran out, which may leave it with fonts of the
+    /// former.
+    bool new_project(int width, int height);
+    /// False: `error` is one line, and the open project is as it was; where memory ran out amid the opening, an empty
+    /// one. What is missing without being an error (pictures) stands in warnings() afterwards.
     bool open_project(const std::string& path, std::string& error);
     /// The same from a document; `path` only names its file and the folder of its pictures, and may be empty.
     bool open_document(const ProjectDocument& document, const std::string& path, std::string& error);
@@ -70,7 +72,7 @@ public:
     bool import_tree(LegacyProject& legacy, std::string& error);
     /// The project then belongs to that file. False: the old file stands, `error` says why.
     bool save_project(const std::string& path, std::string& error);
-    /// What save_project would write; `path` as in open_document.
+    /// What save_project would write; `path` as in open_document. Throws std::bad_alloc where that is too much.
     ProjectDocument document(const std::string& path = {});
     const std::vector<std::string>& warnings() const { return m_warnings; }
 
@@ -82,10 +84,12 @@ public:
     /// The same in two steps, for those who want one of them alone.
     void set_client_rect(const CRect& rect) { m_client = rect; }
     void tell_size_changed();
-    /// One frame, with the animations at the clock's present; `seconds` is the moment of the 3D scene.
-    void frame(double seconds);
+    /// One frame, with the animations at the clock's present; `seconds` is the moment of the 3D scene. False where
+    /// memory ran out, with a line in the log: a part of the picture is missing.
+    bool frame(double seconds);
 
-    void start_run();
+    /// False where memory ran out, and the project does not run.
+    bool start_run();
     /// Inside an event the end waits until the event is through, since the tool that hears it would be destroyed.
     void stop_run();
     /// The same at once, whatever is on its way: for a caller that knows its modules to bear it.
@@ -128,6 +132,9 @@ private:
     bool can_open(const std::string& path, std::string& error) const;
     static bool check_kinds(const ProjectDocument& document, const std::string& path, std::string& error);
     void clean_project();
+    template <class Fill>
+    bool replace_project(const std::string& path, std::string& error, Fill fill);
+    void draw_frame(double seconds);
     void fill(const ProjectDocument& document, const std::string& path);
     void create_item(const ProjectItem& stored, load_operation& operation);
     void create_animation(const ProjectAnimation& stored, load_operation& operation);

@@ -7,6 +7,7 @@
 
 #include "host/core/item_store.h"
 #include "host/core/legacy_file.h"
+#include "host/core/memory_watch.h"
 #include "host/core/project_file.h"
 #include "host/core/project_save.h"
 #include "host/core/text_conversion.h"
@@ -34,7 +35,8 @@ void Engine::fix_project_path(const tstringW& path) {
     m_path_is_fixed = true;
 }
 
-void Engine::new_project(int width, int height) {
+bool Engine::new_project(int width, int height) {
+    const MemoryWatch watch;
     m_client = {0, 0, std::max(width, 0), std::max(height, 0)};
     set_project_path({});
     // The modules may know the former one up to their clean project.
@@ -42,11 +44,14 @@ void Engine::new_project(int width, int height) {
     if (m_next_font) m_font = std::exchange(m_next_font, {});
     default_font = m_font.get();
     clean_project();
+    return !watch.ran_out();
 }
 
-bool Engine::open_project(const std::string& path, std::string& error) {
+bool Engine::open_project(const std::string& path, std::string& error) try {
     ProjectDocument document;
     return read_project(path, document, error) && open_document(document, path, error);
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
 }
 
 namespace {
@@ -89,26 +94,45 @@ bool Engine::can_open(const std::string& path, std::string& error) const {
     return false;
 }
 
-bool Engine::open_document(const ProjectDocument& document, const std::string& path, std::string& error) {
-    if (!can_open(path, error) || !check_kinds(document, path, error)) return false;
+// What is half opened must not stay: saved, it would take the place of the whole.
+template <class Fill>
+bool Engine::replace_project(const std::string& path, std::string& error, Fill fill) {
+    const MemoryWatch watch;
+    try {
+        clean_project();
+        set_project_path(path);
+        fill();
+        if (!watch.ran_out()) return true;
+    } catch (const std::bad_alloc&) {
+        // It ends as it does where a module kept quiet about it.
+    }
+    set_project_path({});
     clean_project();
-    set_project_path(path);
-    fill(document, path);
-    return true;
+    return out_of_memory(path, error);
 }
 
-bool Engine::import_project(const std::string& path, std::string& error) {
+bool Engine::open_document(const ProjectDocument& document, const std::string& path, std::string& error) try {
+    if (!can_open(path, error) || !check_kinds(document, path, error)) return false;
+    return replace_project(path, error, [&] { fill(document, path); });
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
+}
+
+bool Engine::import_project(const std::string& path, std::string& error) try {
     const auto legacy = read_legacy(path, error);
     return legacy && import_tree(*legacy, error);
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
 }
 
-bool Engine::import_tree(LegacyProject& legacy, std::string& error) {
+bool Engine::import_tree(LegacyProject& legacy, std::string& error) try {
     const std::string path = to_utf8(legacy.get_full_filename());
     if (!can_open(path, error)) return false;
-    clean_project();
-    set_project_path(path);
-    for (const auto& library : m_modules) library->module().on_open_old_zov_project(&legacy.root());
-    return true;
+    return replace_project(path, error, [&] {
+        for (const auto& library : m_modules) library->module().on_open_old_zov_project(&legacy.root());
+    });
+} catch (const std::bad_alloc&) {
+    return out_of_memory({}, error);
 }
 
 void Engine::fill(const ProjectDocument& document, const std::string& path) {
@@ -194,17 +218,26 @@ private:
 }  // namespace
 
 ProjectDocument Engine::document(const std::string& path) {
+    const MemoryWatch watch;
     DocumentParts parts;
     save_parts(path, parts);
+    // Where a module kept quiet about it, the document is no whole one.
+    if (watch.ran_out()) throw std::bad_alloc();
     return std::move(parts.document);
 }
 
-bool Engine::save_project(const std::string& path, std::string& error) {
+bool Engine::save_project(const std::string& path, std::string& error) try {
+    const MemoryWatch watch;
     ProjectSave save(m_scene.size());
     save_parts(path, save);
+    if (watch.ran_out()) throw std::bad_alloc();
+    // Ahead of the file, so that nothing can fail once that is written.
+    tstringW own_path = m_path_is_fixed ? project_file_path : tstringW(from_utf8(path));
     if (!save.write(path, error)) return false;
-    set_project_path(path);
+    project_file_path.swap(own_path);
     return true;
+} catch (const std::bad_alloc&) {
+    return out_of_memory(path, error);
 }
 
 void Engine::save_parts(const std::string& path, ProjectParts& out) {

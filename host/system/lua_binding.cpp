@@ -7,6 +7,7 @@
 #include <iterator>
 #include <lua.hpp>
 
+#include "host/core/memory_watch.h"
 #include "host/core/text_conversion.h"
 #include "host/system/lua_repeatable.h"
 #include "host/system/lua_vector.h"
@@ -199,12 +200,16 @@ void call_body(const RegisteredFunction& function, XSystem* system, const Value*
     }
     const CMyComPtr<xparam_desc> result = call.ret_param;
     const WriteWatch watch(result.get());
+    const MemoryWatch memory;
     call.func(&call);
+    if (memory.ran_out()) throw std::bad_alloc();
     outcome.has_value = result && (watch.written() || !unwritten_is_nil);
     outcome.is_nil = result && !outcome.has_value;
     if (!outcome.has_value) return;
     outcome.kind = result->kind;
     fetch(*result, outcome.value, text);
+} catch (const std::bad_alloc&) {
+    outcome.failed = !out_of_memory(function.name, text);
 } catch (const std::exception& failure) {
     outcome.failed = true;
     text = function.name + ": " + failure.what();

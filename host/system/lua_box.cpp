@@ -9,6 +9,7 @@
 #include <string_view>
 #include <tuple>
 
+#include "host/core/memory_watch.h"
 #include "host/system/lua_libraries.h"
 
 namespace host {
@@ -101,12 +102,16 @@ int open_libraries(lua_State* L) {
 }  // namespace
 
 LuaBox::LuaBox(const LuaLimits& limits) : m_limits(limits), m_state(lua_newstate(&LuaBox::allocate, this)) {
-    if (!m_state) throw std::bad_alloc();
+    if (!m_state) refuse_memory();
     *static_cast<LuaBox**>(lua_getextraspace(m_state)) = this;
-    LuaError error;
-    if (protect(&open_libraries, nullptr, error)) return;
+    try {
+        LuaError error;
+        if (protect(&open_libraries, nullptr, error)) return;
+    } catch (const std::bad_alloc&) {
+        // There was not even room for the message.
+    }
     lua_close(m_state);
-    throw std::bad_alloc();
+    refuse_memory();
 }
 
 LuaBox::~LuaBox() { lua_close(m_state); }
@@ -191,7 +196,11 @@ bool LuaBox::call_protected(int (*body)(lua_State*), void* argument, LuaError& e
     if (!good) {
         // No lua_tostring on other values: it could raise an error that no one catches here.
         const bool is_text = lua_type(m_state, -1) == LUA_TSTRING;
-        error = split_message(is_text ? lua_tostring(m_state, -1) : "unknown error");
+        try {
+            error = split_message(is_text ? lua_tostring(m_state, -1) : "unknown error");
+        } catch (const std::bad_alloc&) {
+            error = {0, "out of memory"};
+        }
     }
     lua_settop(m_state, top);
     return good;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <lua.hpp>
+#include <new>
 #include <string_view>
 
 #include "host/system/lua_box.h"
@@ -140,8 +141,13 @@ int print_values(lua_State* L) {
     std::size_t length = 0;
     const char* text = lua_tolstring(L, -1, &length);
     const LuaBox& box = LuaBox::of(L);
-    if (box.on_print) box.on_print(std::string(text, length));
-    return 0;
+    try {
+        if (box.on_print) box.on_print(std::string(text, length));
+        return 0;
+    } catch (const std::bad_alloc&) {
+        // Lua knows no exceptions, so it is told outside of this one.
+    }
+    return luaL_error(L, "out of memory");
 }
 
 }  // namespace

@@ -48,9 +48,14 @@ Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, 
     const std::uint64_t serial = m_next_serial++;
     Actor& actor = m_actors.emplace_back(*this, item, serial, id, name);
     actor.m_self = std::prev(m_actors.end());
-    m_alive.emplace(&actor, &actor);
-    link(actor, living(parent));
-    enter_indexes(actor);
+    try {
+        m_alive.emplace(&actor, &actor);
+        link(actor, living(parent));
+        enter_indexes(actor);
+    } catch (const std::bad_alloc&) {
+        destroy_one(actor);
+        throw;
+    }
     item->m_actor = &actor;
     return &actor;
 }
@@ -210,8 +215,8 @@ void Scene::unlink(Actor& actor) {
 }
 
 void Scene::link(Actor& actor, Actor* parent) {
-    actor.m_parent = parent;
     if (parent) actor.m_place = parent->m_children.insert(parent->m_children.end(), &actor);
+    actor.m_parent = parent;
 }
 
 }  // namespace host

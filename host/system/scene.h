@@ -121,10 +121,10 @@ private:
     std::list<Actor> m_actors;
     // Interfaces to actors, so that a pointer from outside is checked ahead of use.
     tsl::robin_map<const IActor*, Actor*, ActorHash> m_alive;
-    EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
-    EarliestIndex<Actor, IdOf, IdHash> m_by_id;
+    EarliestIndex<Actor, TypedNameOf, TypedNameHash, ChainedTable> m_by_name;
+    EarliestIndex<Actor, IdOf, IdHash, FlatTable> m_by_id;
     // The others hold what is in the scene; this one all that lives.
-    EarliestIndex<Actor, NameOf, std::hash<std::wstring_view>> m_by_any_name;
+    EarliestIndex<Actor, NameOf, std::hash<std::wstring_view>, ChainedTable> m_by_any_name;
     std::vector<PropertyItem> m_property_items;
     std::uint64_t m_next_serial = 1;
     std::uint64_t m_next_id = 1;

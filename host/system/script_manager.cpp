@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <lua.hpp>
+#include <new>
 
 #include "host/core/text_conversion.h"
 #include "host/system/lua_binding.h"
@@ -106,7 +107,11 @@ void ScriptManager::run(const std::string& text, const ScriptPlace& place) {
     const std::wstring owner = name_of(place);
     if (on_run) on_run(owner, place.event);
     LuaError error;
-    if (box().run(text, error)) return;
+    try {
+        if (box().run(text, error)) return;
+    } catch (const std::bad_alloc&) {
+        error = {0, "out of memory"};
+    }
     std::string line = to_utf8(owner);
     if (!place.event.empty()) line += (line.empty() ? "" : ", ") + place.event;
     if (error.line > 0) line += (line.empty() ? "" : ", ") + ("line " + std::to_string(error.line));

@@ -50,7 +50,7 @@ public:
         functions.show_message = [](const std::wstring&) {};
         functions.copy_file = &copy_and_note;
         host::set_platform_functions(functions);
-        host::set_log_sink([](int, const std::wstring&) {});
+        host::set_log_sink([](int, std::wstring_view) {});
     }
     ~Quiet() {
         host::set_platform_functions(host::default_platform_functions());

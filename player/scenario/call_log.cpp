@@ -68,7 +68,7 @@ CallLog::CallLog(host::Engine& engine) {
     functions.copy_file = &copy_file;
     host::set_platform_functions(functions);
     host::set_folder_sink([this](const std::wstring& path) { add({"folder", value_of(path)}); });
-    host::set_log_sink([this](int kind, const std::wstring& line) { add({"log", kind, value_of(line)}); });
+    host::set_log_sink([this](int kind, std::wstring_view line) { add({"log", kind, value_of(std::wstring(line))}); });
     listen_to_engine(*this, engine);
     listen_to_scene(*this, engine.scene());
 }

@@ -6,6 +6,7 @@
 #include "animation/interpolation.h"
 #include "animation/node_order.h"
 #include "layout/anchors.h"
+#include "module/boundary.h"
 
 CSimpleGUIAnimNode::CSimpleGUIAnimNode(const CGuid& item_id, CSimpleGUIManager* manager)
     : CAnimNodeBase(static_cast<EAnimNodeType>(ANIM_NODE_TYPE_GUI), item_id), m_manager(manager) {
@@ -20,12 +21,14 @@ CSimpleGUIAnimNode::~CSimpleGUIAnimNode() {
     if (m_manager) m_manager->m_anim_nodes.remove(this);
 }
 
-void CSimpleGUIAnimNode::create_tracks() {
+void CSimpleGUIAnimNode::create_tracks() try {
     m_offset_track = add_track(TRACK_TYPE_OFFSET);
     m_size_track = add_track(TRACK_TYPE_SIZE);
     m_visible_track = add_track(TRACK_TYPE_VISIBLE);
     m_align_track = add_track(TRACK_TYPE_ALIGN);
     m_color_track = add_track(TRACK_TYPE_COLOR);
+} catch (...) {
+    keep_inside(L"node: create_tracks");
 }
 
 namespace {
@@ -47,7 +50,7 @@ void CSimpleGUIAnimNode::rebind_id(CGuid item_id) {
     if (m_manager) m_manager->m_anim_nodes.touch();
 }
 
-void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
+void CSimpleGUIAnimNode::animate(const SAnimateContext& context) try {
     approach_next_steps();
     step_to(context);
     // A copy: what the engine does with a new visibility may set off another step.
@@ -79,4 +82,6 @@ void CSimpleGUIAnimNode::animate(const SAnimateContext& context) {
     item.set_alignment(align);
     item.set_rect(rect_of_key(offset, size, align, item.frame));
     if (item.shape && !keys.colors.none()) item.shape->m_color = mixed_field(keys.colors, moment, &SGuiColor::m_color);
+} catch (...) {
+    keep_inside(L"node: animate");
 }

@@ -6,6 +6,7 @@
 #include "animation/animated_item.h"
 #include "animation/near_keys.h"
 #include "layout/anchors.h"
+#include "module/boundary.h"
 
 namespace {
 
@@ -53,7 +54,7 @@ void CSimpleGUIAnimNode::forget_lost_tracks() {
     }
 }
 
-bool CSimpleGUIAnimNode::record_key(const SAnimateContext& context) {
+bool CSimpleGUIAnimNode::record_key(const SAnimateContext& context) try {
     forget_lost_tracks();
     IActor* actor = m_manager->get_system()->m_scene_manager->search_actor_by_guid(get_internal_item_id());
     const AnimatedItem item = animated_item(*m_manager, actor);
@@ -82,4 +83,7 @@ bool CSimpleGUIAnimNode::record_key(const SAnimateContext& context) {
         if (track) track->update_keys();
     }
     return true;
+} catch (...) {
+    keep_inside(L"node: record_key");
+    return false;
 }

@@ -1,8 +1,10 @@
 #include "animation/track.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "layout/persisted_value.h"
+#include "module/boundary.h"
 
 template <class T>
 TBaseTrack<T>::~TBaseTrack() {
@@ -16,7 +18,7 @@ bool TBaseTrack<T>::is_at(const IKey& key, float time) const {
 }
 
 template <class T>
-void TBaseTrack<T>::save_to_node(pack_node* node, const save_operation& operation) {
+void TBaseTrack<T>::save_to_node(pack_node* node, const save_operation& operation) try {
     IBaseItem::save_to_node(node, operation);
     node->add_property("type", PAK_INT, &m_track_type);
     pack_node* keys = node->add_child("keys");
@@ -25,10 +27,12 @@ void TBaseTrack<T>::save_to_node(pack_node* node, const save_operation& operatio
         pack_node* child = key ? keys->add_child("child") : nullptr;
         if (child) key->save_to_node(child, operation);
     }
+} catch (...) {
+    keep_inside(L"track: save_to_node");
 }
 
 template <class T>
-void TBaseTrack<T>::on_parse(pack_node* node, const load_operation& operation) {
+void TBaseTrack<T>::on_parse(pack_node* node, const load_operation& operation) try {
     IBaseItem::on_parse(node, operation);
     int type = m_track_type;
     node->get_property("type", PAK_INT, &type);
@@ -38,18 +42,23 @@ void TBaseTrack<T>::on_parse(pack_node* node, const load_operation& operation) {
     for (pack_node* child : *keys->get_children()) {
         float time = 0.0f;
         read_value(child, "time", PAK_FLOAT, &time);
-        create_key(time, true);
+        place_key(this->keys().size(), new T(time));
         m_keys.back()->on_parse(child, operation);
     }
     sort_keys();
     update_keys();
     smooth();
+} catch (...) {
+    keep_inside(L"track: on_parse");
 }
 
 template <class T>
-bool TBaseTrack<T>::create_key(float time, bool append) {
+bool TBaseTrack<T>::create_key(float time, bool append) try {
     IKey* key = new T(time);
     return append ? append_key(key) : insert_key(key);
+} catch (...) {
+    keep_inside(L"track: create_key");
+    return false;
 }
 
 template <class T>
@@ -106,12 +115,14 @@ void TBaseTrack<T>::place_key(std::size_t place, IKey* key) {
     ++track_changes;
     const bool follows = place == 0 || m_keys[place - 1]->m_time <= key->m_time;
     const bool precedes = place == m_keys.size() || key->m_time <= m_keys[place]->m_time;
-    m_sorted = m_sorted && follows && precedes;
+    std::unique_ptr<IKey> held(key);
     m_keys.insert(m_keys.begin() + static_cast<std::ptrdiff_t>(place), key);
+    (void)held.release();
+    m_sorted = m_sorted && follows && precedes;
 }
 
 template <class T>
-bool TBaseTrack<T>::insert_key(IKey* key) {
+bool TBaseTrack<T>::insert_key(IKey* key) try {
     if (!key) return false;
     const float time = key->m_time;
     if (keys().size() < 2) {
@@ -126,6 +137,9 @@ bool TBaseTrack<T>::insert_key(IKey* key) {
         return false;
     }
     place_key(place, key);
+    return false;
+} catch (...) {
+    keep_inside(L"track: insert_key");
     return false;
 }
 
@@ -158,10 +172,13 @@ void TBaseTrack<T>::sort_keys() {
 }
 
 template <class T>
-bool TBaseTrack<T>::append_key(IKey* key) {
+bool TBaseTrack<T>::append_key(IKey* key) try {
     if (!key) return false;
     place_key(keys().size(), key);
     return true;
+} catch (...) {
+    keep_inside(L"track: append_key");
+    return false;
 }
 
 template <class T>
@@ -187,9 +204,12 @@ template class TBaseTrack<SGuiVisible>;
 template class TBaseTrack<SGuiAlign>;
 template class TBaseTrack<SGuiColor>;
 
-ITrack* create_track(unsigned type) {
+ITrack* create_track(unsigned type) try {
     for (const TrackType& row : track_types) {
         if (row.number == type) return row.create();
     }
+    return nullptr;
+} catch (...) {
+    keep_inside(L"a track");
     return nullptr;
 }

@@ -5,31 +5,45 @@
 #include "fonts/font_registry.h"
 #include "fonts/logfont.h"
 #include "fonts/published_folder.h"
+#include "module/boundary.h"
 
-bool CGlobalFontInfo::generate_fontname_fontpath_map() {
+namespace {
+
+void add_names(std::map<tstringW, tstringW>& names, const tstringW& path, FontFileKind kind) try {
+    for (const tstringW& name : names_of_file(path, kind)) names.try_emplace(name, path);
+} catch (...) {
+    keep_inside(L"a scan of a font file");
+}
+
+}  // namespace
+
+bool CGlobalFontInfo::generate_fontname_fontpath_map() try {
     font_list list;
     if (!platform::list_fonts(list)) return false;
-    // The listed name of a font goes ahead of those that its file declares, and behind those of earlier files.
+    // The listed name of a font goes ahead of those that its file declares, and behind those of earlier files. Put in
+    // at the end, which asks for no memory: all of a scan counts or nothing.
+    std::map<tstringW, tstringW> names;
     for (const NamedFile& font : sorted_fonts(list)) {
-        m_fontname_fontpath_map.try_emplace(font.name, font.path);
-        scan_TTF_OTF_file_for_name(font.path);
-        if (is_collection_path(font.path)) scan_TTC_file_for_name(font.path);
+        names.try_emplace(font.name, font.path);
+        add_names(names, font.path, FontFileKind::SINGLE);
+        if (is_collection_path(font.path)) add_names(names, font.path, FontFileKind::COLLECTION);
     }
+    m_fontname_fontpath_map.merge(names);
     return true;
+} catch (...) {
+    keep_inside(L"generate_fontname_fontpath_map");
+    return false;
 }
 
 void CGlobalFontInfo::scan_TTF_OTF_file_for_name(tstringW path) {
-    for (const tstringW& name : names_of_file(path, FontFileKind::SINGLE))
-        m_fontname_fontpath_map.try_emplace(name, path);
+    add_names(m_fontname_fontpath_map, path, FontFileKind::SINGLE);
 }
 
 void CGlobalFontInfo::scan_TTC_file_for_name(tstringW path) {
-    for (const tstringW& name : names_of_file(path, FontFileKind::COLLECTION)) {
-        m_fontname_fontpath_map.try_emplace(name, path);
-    }
+    add_names(m_fontname_fontpath_map, path, FontFileKind::COLLECTION);
 }
 
-void CGlobalFontInfo::copy_all_fontfile_to_texture_folder() {
+void CGlobalFontInfo::copy_all_fontfile_to_texture_folder() try {
     if (!m_system) return;
     const std::wstring folder = published_folder(m_system->project_file_path);
     for (IBaseFont* font : m_gui_fonts) {
@@ -44,4 +58,6 @@ void CGlobalFontInfo::copy_all_fontfile_to_texture_folder() {
         }
     }
     platform::show_message(L"复制完成");
+} catch (...) {
+    keep_inside(L"copy_all_fontfile_to_texture_folder");
 }

@@ -40,6 +40,8 @@ public:
     tstringW get_fontpath_by_font(IBaseFont* font) const;
     /// The font of a slot, or null for a number outside 0 to 7. The table owns it.
     GUI_LOCAL IBaseFont* font_of_slot(int slot) const;
+    /// All slots hold the engine's default font again. Asks for no memory.
+    GUI_LOCAL void empty_slots();
 
     bool generate_fontname_fontpath_map();
     void scan_TTF_OTF_file_for_name(tstringW path);

@@ -1,10 +1,12 @@
 // From a logical font to a font object: candidate names, the name map, the file.
 
+#include <memory>
 #include <new>
 
 #include "fonts/font_candidates.h"
 #include "fonts/font_info.h"
 #include "fonts/logfont.h"
+#include "module/boundary.h"
 
 tstringW CGlobalFontInfo::search_fontpath(tstringW name) {
     const auto found = m_fontname_fontpath_map.find(name);
@@ -16,7 +18,7 @@ tstringW CGlobalFontInfo::search_fontpath(tstringW name) {
     return found->second;
 }
 
-IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) {
+IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) try {
     if (!m_system) return nullptr;
     if (face_name(record) == face_name(m_default_logfont)) return m_system->default_font;
     for (const std::wstring& name : font_candidates(record)) {
@@ -27,9 +29,12 @@ IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tst
         return create_font_from_path(found, font_size(record));
     }
     return nullptr;
+} catch (...) {
+    keep_inside(L"create_font_from_logfont");
+    return nullptr;
 }
 
-IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) {
+IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) try {
     if (!m_system) return nullptr;
     if (!filefun::file_exist(path.c_str())) {
         m_font_status = L"Unable to create: " + path;
@@ -40,18 +45,25 @@ IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) 
     if (!font) return nullptr;
     font->create_font_from_file(path.c_str(), size);
     return font;
+} catch (...) {
+    keep_inside(L"create_font_from_path");
+    return nullptr;
 }
 
-IBaseFont* CGlobalFontInfo::create_font_from_mem(void* memory, int length, int height) {
+IBaseFont* CGlobalFontInfo::create_font_from_mem(void* memory, int length, int height) try {
     if (!m_system || length < 0) return nullptr;
     IBaseFont* font = keep(new (std::nothrow) IBaseFont(m_system->render_device));
     if (!font) return nullptr;
     font->create_font_from_memory(memory, static_cast<unsigned>(length),
                                   static_cast<unsigned>(height < 0 ? 0 : height));
     return font;
+} catch (...) {
+    keep_inside(L"create_font_from_mem");
+    return nullptr;
 }
 
 IBaseFont* CGlobalFontInfo::keep(IBaseFont* font) {
+    std::unique_ptr<IBaseFont> held(font);
     if (font) m_created_fonts.push_back(font);
-    return font;
+    return held.release();
 }

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "fonts/font_info.h"
 #include "fonts/logfont.h"
 #include "fonts/published_folder.h"
 #include "layout/seconds.h"
+#include "module/boundary.h"
 
 namespace {
 
@@ -18,7 +20,7 @@ float s_font_change_time = 0.0f;
 
 }  // namespace
 
-bool CGlobalFontInfo::change_font(const LOGFONTW& record, int number, bool loading) {
+bool CGlobalFontInfo::change_font(const LOGFONTW& record, int number, bool loading) try {
     const int slot = number - 1;
     if (slot < 0 || slot >= static_cast<int>(m_gui_fonts.size())) return false;
     IBaseFont*& place = m_gui_fonts[static_cast<std::size_t>(slot)];
@@ -38,6 +40,9 @@ bool CGlobalFontInfo::change_font(const LOGFONTW& record, int number, bool loadi
     m_last_font = place;
     s_font_change_time = present_seconds();
     return font != nullptr;
+} catch (...) {
+    keep_inside(L"change_font");
+    return false;
 }
 
 IBaseFont* CGlobalFontInfo::create_font_beside_project(const LOGFONTW& record, int slot) {
@@ -55,6 +60,11 @@ void CGlobalFontInfo::drop_font(IBaseFont* font) {
     if (made == m_created_fonts.end()) return;
     m_created_fonts.erase(made);
     delete font;
+}
+
+void CGlobalFontInfo::empty_slots() {
+    for (IBaseFont*& place : m_gui_fonts) drop_font(std::exchange(place, m_system->default_font));
+    lower_view_flag();
 }
 
 void CGlobalFontInfo::show_sample() {

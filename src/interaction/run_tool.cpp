@@ -8,6 +8,7 @@
 #include "layout/item_list.h"
 #include "layout/shape.h"
 #include "layout/shown.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 #include "platform/platform.h"
 
@@ -64,7 +65,7 @@ void walk_shapes(CSimpleGUIManager& manager, CPoint position, std::initializer_l
 }
 
 // A press sinks through shapes without a script, leaving each of them pressed, down to the first that has one.
-bool press(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
+bool press(CSimpleGUIManager& manager, CPoint position, ScriptMember script) try {
     bool ran = false;
     walk_shapes(manager, position, {MODE_NORMAL, MODE_HOVER, MODE_DOWN}, [&](CSimpleGUIShape& shape, bool inside) {
         if (!inside) return true;
@@ -75,15 +76,20 @@ bool press(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
         return false;
     });
     return ran;
+} catch (...) {
+    keep_inside(L"a press of the mouse");
+    return false;
 }
 
 // A release ends the pressed look everywhere and runs the scripts of all shapes under the pointer.
-void release(CSimpleGUIManager& manager, CPoint position, ScriptMember script) {
+void release(CSimpleGUIManager& manager, CPoint position, ScriptMember script) try {
     walk_shapes(manager, position, {MODE_NORMAL}, [&](CSimpleGUIShape& shape, bool inside) {
         shape.set_texture_mode(inside ? MODE_HOVER : MODE_NORMAL);
         if (inside && shape.m_is_usable && shape.*script) run_script(shape.*script);
         return true;
     });
+} catch (...) {
+    keep_inside(L"a release of the mouse");
 }
 
 // Lights what lies under the pointer and gives the shape that counts as hovered: of those that can answer, the one
@@ -152,7 +158,7 @@ bool CMTGUIRun::v_on_mbutton_up(unsigned int, CPoint position) {
     return false;
 }
 
-bool CMTGUIRun::v_on_mouse_move(unsigned int, CPoint position) {
+bool CMTGUIRun::v_on_mouse_move(unsigned int, CPoint position) try {
     ShapeWatch entered(light_shapes(*m_manager, position));
     if (entered.get() != s_hover_shape.get()) {
         // The entering script may destroy either shape; what it destroyed runs nothing and is hovered no more. It may
@@ -161,5 +167,8 @@ bool CMTGUIRun::v_on_mouse_move(unsigned int, CPoint position) {
         run_if_there(s_hover_shape.get(), &CSimpleGUIShape::m_func_mouse_out);
     }
     s_hover_shape = entered.get();
+    return false;
+} catch (...) {
+    keep_inside(L"a move of the mouse");
     return false;
 }

@@ -3,6 +3,7 @@
 #include "layout/approach.h"
 #include "layout/element.h"
 #include "layout/shape.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
 namespace {
@@ -45,22 +46,28 @@ CSimpleGUIDialog::~CSimpleGUIDialog() {
     m_manager->forget_dialog(this);
 }
 
-void CSimpleGUIDialog::save_to_node(pack_node* node, const save_operation& operation) {
+void CSimpleGUIDialog::save_to_node(pack_node* node, const save_operation& operation) try {
     if (!m_in_scene) return;
     IBaseItem::save_to_node(node, operation);
     save_fields(*this, node, dialog_fields);
+} catch (...) {
+    keep_inside(L"dialog: save_to_node");
 }
 
-void CSimpleGUIDialog::on_parse(pack_node* node, const load_operation& operation) {
+void CSimpleGUIDialog::on_parse(pack_node* node, const load_operation& operation) try {
     IBaseItem::on_parse(node, operation);
     read_fields(*this, node, dialog_fields);
+} catch (...) {
+    keep_inside(L"dialog: on_parse");
 }
 
-void CSimpleGUIDialog::on_ready() {
+void CSimpleGUIDialog::on_ready() try {
     IBaseItem::on_ready();
     m_last_rect = m_rect;
     update_rect();
     m_manager->m_dialogs.push_back(this);
+} catch (...) {
+    keep_inside(L"dialog: on_ready");
 }
 
 const CRect& CSimpleGUIDialog::get_rect() const { return m_rect; }
@@ -71,11 +78,13 @@ void CSimpleGUIDialog::update_offsets() {
     store_placement(*this, placement);
 }
 
-void CSimpleGUIDialog::update_rect() {
+void CSimpleGUIDialog::update_rect() try {
     m_rect = rect_from_placement(placement_of(*this), view_frame(*m_system), m_rect);
     resize_shape_animnode_key();
     m_last_rect = m_rect;
     update_child_poses();
+} catch (...) {
+    keep_inside(L"dialog: update_rect");
 }
 
 void CSimpleGUIDialog::set_align_type(int align) {
@@ -88,13 +97,15 @@ void CSimpleGUIDialog::set_scale_mode(int scale) {
     update_offsets();
 }
 
-void CSimpleGUIDialog::set_rect(const CRect& rect, bool keep_keys) {
+void CSimpleGUIDialog::set_rect(const CRect& rect, bool keep_keys) try {
     m_rect = rect;
     update_offsets();
     update_child_poses();
     if (keep_keys) return;
     resize_shape_animnode_key();
     m_last_rect = m_rect;
+} catch (...) {
+    keep_inside(L"dialog: set_rect");
 }
 
 void CSimpleGUIDialog::update_child_poses() {

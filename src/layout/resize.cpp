@@ -1,9 +1,10 @@
 // The whole layout follows the view.
 
 #include "animation/node_index.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
-void CSimpleGUIManager::on_size_changed(int, int) {
+void CSimpleGUIManager::on_size_changed(int, int) try {
     // Each dialog looks for the nodes of its shapes; one index serves them all.
     const NodeIndexInUse index(*this);
     for (auto at = m_dialogs.rbegin(); at != m_dialogs.rend(); ++at) {
@@ -13,4 +14,6 @@ void CSimpleGUIManager::on_size_changed(int, int) {
     const CRect& client = m_system->get_client_rect();
     m_view_rect = {0, 0, client.Width(), client.Height()};
     rescale_keys_of_dialogs();
+} catch (...) {
+    keep_inside(L"on_size_changed");
 }

@@ -5,6 +5,7 @@
 #include "layout/shape_fields.h"
 #include "layout/shape_watch.h"
 #include "layout/text_anchor.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
 CSimpleGUIShape::CSimpleGUIShape(CSimpleGUIManager* manager) : m_manager(manager), m_mode_time(present_seconds()) {
@@ -20,21 +21,27 @@ CSimpleGUIShape::~CSimpleGUIShape() {
     if (m_parent_dialog) m_parent_dialog->m_shapes.remove(this);
 }
 
-void CSimpleGUIShape::save_to_node(pack_node* node, const save_operation& operation) {
+void CSimpleGUIShape::save_to_node(pack_node* node, const save_operation& operation) try {
     if (!m_in_scene) return;
     if (m_parent_dialog && !m_parent_dialog->m_in_scene) return;
     IBaseItem::save_to_node(node, operation);
     save_shape_fields(*this, node, operation);
+} catch (...) {
+    keep_inside(L"shape: save_to_node");
 }
 
-void CSimpleGUIShape::on_parse(pack_node* node, const load_operation& operation) {
+void CSimpleGUIShape::on_parse(pack_node* node, const load_operation& operation) try {
     IBaseItem::on_parse(node, operation);
     read_shape_fields(*this, node, operation);
+} catch (...) {
+    keep_inside(L"shape: on_parse");
 }
 
-void CSimpleGUIShape::on_ready() {
+void CSimpleGUIShape::on_ready() try {
     IBaseItem::on_ready();
     m_manager->m_shapes.push_back(this);
+} catch (...) {
+    keep_inside(L"shape: on_ready");
 }
 
 const CRect& CSimpleGUIShape::get_rect() const { return m_rect; }
@@ -82,12 +89,14 @@ void CSimpleGUIShape::set_texture_mode(int mode) {
     if (m_parent_dialog) m_mode_time = present_seconds();
 }
 
-void CSimpleGUIShape::change_parent_dialog(CSimpleGUIDialog* dialog) {
+void CSimpleGUIShape::change_parent_dialog(CSimpleGUIDialog* dialog) try {
     if (dialog == m_parent_dialog) return;
+    dialog->m_shapes.push_back(this);
     if (m_parent_dialog) m_parent_dialog->m_shapes.remove(this);
     m_parent_dialog = dialog;
-    dialog->m_shapes.push_back(this);
     if (m_actor) m_actor->set_parent(dialog->m_actor);
     update_offsets();
     m_manager->get_system()->m_message_manager->send_msg(MSG_ACTOR_TREE_CHANGED, 0, 0, 0, 0, 0, 0);
+} catch (...) {
+    keep_inside(L"shape: change_parent_dialog");
 }

@@ -29,6 +29,7 @@ void CSimpleGUIManager::create_dialog_from_old_zov(CPakNode* node) {
     const CRect stored = stored_rect(*node, {});
 
     CSimpleGUIDialog* dialog = create_dialog();
+    if (!dialog) return;
     if (!m_root_dialog) m_root_dialog = dialog;
     dialog->set_align_type(align);
     dialog->m_offsetx = read_legacy_int(*node, "m_offsetx");
@@ -50,6 +51,7 @@ void CSimpleGUIManager::create_shape_from_old_zov(CPakNode* node, CSimpleGUIDial
     const CRect stored = stored_rect(*node, dialog->m_last_rect);
 
     CSimpleGUIShape* shape = create_shape(dialog);
+    if (!shape) return;
     shape->set_align_type(align);
     shape->set_scale_mode(scale);
     shape->m_offsetx = read_legacy_int(*node, "offsetx");

@@ -59,6 +59,7 @@ PanelPlace read_panel_place(CPakNode& panel_pos) {
 
 void CSimpleGUIManager::create_primary_dialog_from_old_zov(CPakNode* stage) {
     CSimpleGUIDialog* dialog = create_dialog();
+    if (!dialog) return;
     if (!m_root_dialog) m_root_dialog = dialog;
     dialog->set_scale_mode(1);
     const CRect& client = m_system->get_client_rect();
@@ -78,6 +79,7 @@ void CSimpleGUIManager::create_primary_dialog_from_old_zov(CPakNode* stage) {
 
 void CSimpleGUIManager::create_primary_shape_from_old_zov(CPakNode* panel, CSimpleGUIDialog* dialog) {
     CSimpleGUIShape* shape = create_shape(dialog);
+    if (!shape) return;
     shape->m_item_id = read_legacy_guid(*panel, "id");
     shape->m_actor->set_id(shape->m_item_id);
     shape->m_actor->set_visible(read_legacy_int(*panel, "visible", 1) != 0);

@@ -3,6 +3,7 @@
 #include "legacy/timebar.h"
 
 #include <algorithm>
+#include <new>
 
 #include "animation/keys.h"
 #include "animation/near_keys.h"
@@ -69,7 +70,7 @@ struct GuiTracks {
 // The new key stands at the end, also where another one stands so near that looking for the moment could find that.
 template <class Key>
 Key& append(TBaseTrack<Key>& track, float time) {
-    track.create_key(time, true);
+    if (!track.create_key(time, true)) throw std::bad_alloc();
     return static_cast<Key&>(*track.keys().back());
 }
 

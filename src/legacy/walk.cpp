@@ -4,6 +4,7 @@
 #include "legacy/root_dialog.h"
 #include "legacy/timebar.h"
 #include "legacy/values.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
 namespace {
@@ -41,11 +42,12 @@ void settle_made_root_dialog(CSimpleGUIManager& manager) {
 
 }  // namespace
 
-void CSimpleGUIManager::on_open_old_zov_project(CPakNode* node) {
+void CSimpleGUIManager::on_open_old_zov_project(CPakNode* node) try {
     if (!node) return;
     m_legacy_texture_folder = texture_folder(*node);
     if (CPakNode* gui = node->find("GUI")) {
         create_root_dialog();
+        if (!m_root_dialog) return;
         if (CPakNode* root = find_legacy_child(gui->find("Root Dialog"), "ROOT")) {
             read_root_dialog(*root, *this);
             each_legacy_child_backwards(root->find("Controls"), [this](CPakNode& control) {
@@ -64,4 +66,6 @@ void CSimpleGUIManager::on_open_old_zov_project(CPakNode* node) {
     for (CSimpleGUIDialog* dialog : m_dialogs) {
         if (dialog) dialog->m_last_rect = dialog->m_rect;
     }
+} catch (...) {
+    keep_inside(L"on_open_old_zov_project");
 }

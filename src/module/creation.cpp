@@ -1,15 +1,23 @@
 // Making dialogs and shapes, and finding them again by name or identifier.
 
 #include "layout/shape.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 #include "module/module_state.h"
 
 namespace {
 
-void give_default_name(IActor* actor, const wchar_t* format, int& count) {
+// Gives the item an actor with a default name, or neither.
+void enter_scene(CSceneManager& scene, IBaseItem* item, IActor* parent, const wchar_t* format, int& count) {
     tstringW name;
     name.Format(format, count++);
-    actor->set_name(name.c_str(), true);
+    IActor* actor = scene.create_actor(item, parent, 1);
+    try {
+        actor->set_name(name.c_str(), true);
+    } catch (...) {
+        scene.delete_actor(actor);
+        throw;
+    }
 }
 
 // The first item of the list whose actor meets the condition.
@@ -33,15 +41,19 @@ Item* item_with_id(const ItemList<Item>& list, const CGuid& id) {
 
 }  // namespace
 
-CSimpleGUIDialog* CSimpleGUIManager::create_dialog() {
-    auto* dialog = new CSimpleGUIDialog(this);
-    m_dialogs.push_front(dialog);
-    IActor* actor = m_system->m_scene_manager->create_actor(dialog, nullptr, 1);
-    give_default_name(actor, L"窗口%d", s_dialog_name_count);
-    return dialog;
+// Held until the engine holds them: without an actor they go, and their destructors take them out of all lists.
+
+CSimpleGUIDialog* CSimpleGUIManager::create_dialog() try {
+    const CMyComPtr<CSimpleGUIDialog> dialog(new CSimpleGUIDialog(this));
+    m_dialogs.push_front(dialog.get());
+    enter_scene(*m_system->m_scene_manager, dialog.get(), nullptr, L"窗口%d", s_dialog_name_count);
+    return dialog.get();
+} catch (...) {
+    keep_inside(L"create_dialog");
+    return nullptr;
 }
 
-CSimpleGUIShape* CSimpleGUIManager::create_shape(CSimpleGUIDialog* dialog) {
+CSimpleGUIShape* CSimpleGUIManager::create_shape(CSimpleGUIDialog* dialog) try {
     if (!dialog) dialog = get_editing_dialog();
     if (!dialog) {
         // Without any dialog there is no place for a shape; making none is the one answer that harms nobody.
@@ -49,17 +61,20 @@ CSimpleGUIShape* CSimpleGUIManager::create_shape(CSimpleGUIDialog* dialog) {
         dialog = m_root_dialog;
         m_editing_dialog = m_root_dialog;
     }
-    auto* shape = new CSimpleGUIShape(this);
+    const CMyComPtr<CSimpleGUIShape> shape(new CSimpleGUIShape(this));
     shape->m_parent_dialog = dialog;
-    dialog->m_shapes.push_back(shape);
-    m_shapes.push_back(shape);
-    IActor* actor = m_system->m_scene_manager->create_actor(shape, dialog->m_actor, 1);
-    give_default_name(actor, L"图片按钮%d", s_shape_name_count);
-    return shape;
+    dialog->m_shapes.push_back(shape.get());
+    m_shapes.push_back(shape.get());
+    enter_scene(*m_system->m_scene_manager, shape.get(), dialog->m_actor, L"图片按钮%d", s_shape_name_count);
+    return shape.get();
+} catch (...) {
+    keep_inside(L"create_shape");
+    return nullptr;
 }
 
 void CSimpleGUIManager::create_root_dialog() {
     m_root_dialog = create_dialog();
+    if (!m_root_dialog) return;
     const CRect& client = m_system->get_client_rect();
     m_root_dialog->set_rect({0, 0, client.Width(), client.Height()}, false);
     m_root_dialog->set_scale_mode(1);

@@ -4,6 +4,7 @@
 #include "animation/track.h"
 #include "interaction/run_tool.h"
 #include "layout/shape.h"
+#include "module/boundary.h"
 #include "module/module_state.h"
 #include "module/setting.h"
 
@@ -16,13 +17,20 @@ int s_shape_name_count = 0;
 
 namespace {
 
-IBaseItem* create_dialog_item(XSystem*) { return new CSimpleGUIDialog(CSimpleGUIManager::m_instance); }
+template <class Item>
+IBaseItem* create_item(XSystem*) try {
+    return new Item(CSimpleGUIManager::m_instance);
+} catch (...) {
+    keep_inside(L"an item");
+    return nullptr;
+}
 
-IBaseItem* create_shape_item(XSystem*) { return new CSimpleGUIShape(CSimpleGUIManager::m_instance); }
-
-IAnimNode* create_anim_node(XSystem*, unsigned type, const CGuid& item_id) {
+IAnimNode* create_anim_node(XSystem*, unsigned type, const CGuid& item_id) try {
     if (type != ANIM_NODE_TYPE_GUI) return nullptr;
     return new CSimpleGUIAnimNode(item_id, CSimpleGUIManager::m_instance);
+} catch (...) {
+    keep_inside(L"an animation node");
+    return nullptr;
 }
 
 // The item types, under the names that the author sees.
@@ -32,8 +40,8 @@ struct ItemType {
     item_creator creator;
 };
 constexpr ItemType item_types[] = {
-    {ITEM_TYPE_DIALOG, L"GUI窗口", create_dialog_item},
-    {ITEM_TYPE_SHAPE, L"GUI形状", create_shape_item},
+    {ITEM_TYPE_DIALOG, L"GUI窗口", create_item<CSimpleGUIDialog>},
+    {ITEM_TYPE_SHAPE, L"GUI形状", create_item<CSimpleGUIShape>},
 };
 
 // Messages carry a list of actors; what is not an item of this module is passed over.
@@ -49,10 +57,11 @@ void for_each_item(message_param list, Visit visit) {
 }  // namespace
 
 CSimpleGUIManager::CSimpleGUIManager(XSystem* system) : IBaseModule(system) {
+    // First, for without the memory for it there is no manager.
+    register_types();
     m_instance = this;
     s_gui_manager = this;
     s_gui_system = m_system;
-    register_types();
 }
 
 CSimpleGUIManager::CSimpleGUIManager(const CSimpleGUIManager&) = default;
@@ -82,16 +91,22 @@ void CSimpleGUIManager::register_types() {
     }
 }
 
-tstringW CSimpleGUIManager::get_name() const { return L"CSimpleGUIManager"; }
+tstringW CSimpleGUIManager::get_name() const try { return L"CSimpleGUIManager"; } catch (...) {
+    keep_inside(L"get_name");
+    return {};
+}
 
 CGuid CSimpleGUIManager::get_id() const { return CGuid(L"283B689B-6775-0F82-3171-70E93AFF15F6"); }
 
-void CSimpleGUIManager::init_3d_environment() {
-    m_setting = new CGlobalGUISetting(m_system);
-    m_system->m_scene_manager->add_property_item(m_setting, L"GUI界面环境设置");
+void CSimpleGUIManager::init_3d_environment() try {
+    const CMyComPtr<CGlobalGUISetting> setting(new CGlobalGUISetting(m_system));
+    m_system->m_scene_manager->add_property_item(setting.get(), L"GUI界面环境设置");
+    m_setting = setting.get();
+} catch (...) {
+    keep_inside(L"init_3d_environment");
 }
 
-void CSimpleGUIManager::prepare_run() {
+void CSimpleGUIManager::prepare_run() try {
     m_running = 1;
     for (CSimpleGUIShape* shape : m_shapes) {
         if (!shape) continue;
@@ -101,15 +116,21 @@ void CSimpleGUIManager::prepare_run() {
     }
     // A second prepare_run without an after_run would otherwise leave a tool in the input chain that nobody destroys.
     if (s_run_tool) after_run_tool();
-    s_run_tool = new (std::nothrow) CMTGUIRun(m_system, this);
+    s_run_tool = new CMTGUIRun(m_system, this);
     m_system->m_input_manager->add_listener(s_run_tool, RUN_TOOL_PRIORITY);
     m_system->request_view_update();
+} catch (...) {
+    keep_inside(L"prepare_run");
+    m_running = 0;
+    after_run_tool();
 }
 
-void CSimpleGUIManager::after_run() {
+void CSimpleGUIManager::after_run() try {
     m_running = 0;
     after_run_tool();
     m_system->request_view_update();
+} catch (...) {
+    keep_inside(L"after_run");
 }
 
 void CSimpleGUIManager::after_run_tool() {

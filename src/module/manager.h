@@ -41,7 +41,8 @@ public:
     void on_size_changed(int width, int height) override;
     void on_register_xfunc() override;
 
-    /// A dialog on top of the others, with a default name, an actor, an empty rectangle. The engine owns it.
+    /// A dialog on top of the others, with a default name, an actor, an empty rectangle. The engine owns it. Null, here
+    /// and below, where there was no memory.
     CSimpleGUIDialog* create_dialog();
     /// A shape on top of the dialog's others. Null takes the dialog under edit, else the root dialog, which then comes
     /// under edit; with none of these nothing is made and the result is null.

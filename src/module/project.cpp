@@ -6,6 +6,7 @@
 #include "fonts/font_info.h"
 #include "layout/rounding.h"
 #include "layout/shape.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 #include "module/module_state.h"
 #include "module/setting.h"
@@ -49,7 +50,7 @@ Ordered<Item> in_order(const ItemList<Item>& list, Before before) {
 
 }  // namespace
 
-void CSimpleGUIManager::on_clean_project() {
+void CSimpleGUIManager::on_clean_project() try {
     m_gui_hidden = 1;
     s_dialog_name_count = 0;
     s_shape_name_count = 0;
@@ -59,9 +60,11 @@ void CSimpleGUIManager::on_clean_project() {
     m_scene_rect = m_view_rect;
     m_anim_nodes.clear();
     if (m_setting) m_setting->set_default();
+} catch (...) {
+    keep_inside(L"on_clean_project");
 }
 
-void CSimpleGUIManager::on_save_project(pack_node* node, const save_operation& operation) {
+void CSimpleGUIManager::on_save_project(pack_node* node, const save_operation& operation) try {
     number_items();
     pack_node* child = node->add_child(setting_node);
     if (!m_setting || !child) return;
@@ -70,6 +73,8 @@ void CSimpleGUIManager::on_save_project(pack_node* node, const save_operation& o
     float height = static_cast<float>(m_view_rect.Height());
     child->add_property(width_key, PAK_FLOAT, &width);
     child->add_property(height_key, PAK_FLOAT, &height);
+} catch (...) {
+    keep_inside(L"on_save_project");
 }
 
 void CSimpleGUIManager::number_items() {
@@ -98,7 +103,7 @@ void CSimpleGUIManager::number_shapes_of(CSimpleGUIDialog& dialog) {
     }
 }
 
-void CSimpleGUIManager::on_open_project(pack_node* node, const load_operation& operation) {
+void CSimpleGUIManager::on_open_project(pack_node* node, const load_operation& operation) try {
     float width = -1.0f;
     float height = -1.0f;
     pack_node* child = node->find_child(setting_node);
@@ -109,15 +114,19 @@ void CSimpleGUIManager::on_open_project(pack_node* node, const load_operation& o
     }
     const bool has_size = width > 0.0f && height > 0.0f;
     m_scene_rect = has_size ? CRect(0, 0, round_half_up(width), round_half_up(height)) : m_view_rect;
+} catch (...) {
+    keep_inside(L"on_open_project");
 }
 
-void CSimpleGUIManager::on_project_opened() {
+void CSimpleGUIManager::on_project_opened() try {
     if (m_setting) m_setting->on_ready();
     adopt_shapes();
     if (!restore_order()) return;
     align_keys_of_opened_project();
     m_scene_rect = m_view_rect;
     for (CSimpleGUIDialog* dialog : m_dialogs) dialog->m_last_rect = dialog->m_rect;
+} catch (...) {
+    keep_inside(L"on_project_opened");
 }
 
 void CSimpleGUIManager::adopt_shapes() {

@@ -2,6 +2,7 @@
 
 #include "fonts/font_info.h"
 #include "layout/persisted_value.h"
+#include "module/boundary.h"
 
 namespace {
 
@@ -39,23 +40,33 @@ void CGlobalGUISetting::replace_font_info(CGlobalFontInfo* font_info, bool owned
     m_owns_font_info = owned;
 }
 
-void CGlobalGUISetting::save_to_node(pack_node* node, const save_operation& operation) {
+void CGlobalGUISetting::save_to_node(pack_node* node, const save_operation& operation) try {
     IBaseItem::save_to_node(node, operation);
     node->add_property(trans_time_key, PAK_FLOAT, &m_ani_trans_time);
     m_font_info->save_to_node(node, operation);
+} catch (...) {
+    keep_inside(L"setting: save_to_node");
 }
 
-void CGlobalGUISetting::on_parse(pack_node* node, const load_operation& operation) {
+void CGlobalGUISetting::on_parse(pack_node* node, const load_operation& operation) try {
     IBaseItem::on_parse(node, operation);
     read_value(node, trans_time_key, PAK_FLOAT, &m_ani_trans_time);
     m_font_info->on_parse(node);
+} catch (...) {
+    keep_inside(L"setting: on_parse");
 }
 
-void CGlobalGUISetting::on_ready() { m_font_info->on_ready(); }
+void CGlobalGUISetting::on_ready() try { m_font_info->on_ready(); } catch (...) {
+    keep_inside(L"setting: on_ready");
+}
 
 void CGlobalGUISetting::set_default() {
     m_ani_trans_time = default_trans_time;
-    // The old table goes first: it gives back what it has raised in the engine.
-    replace_font_info(nullptr, false);
-    replace_font_info(new CGlobalFontInfo(m_system), true);
+    try {
+        replace_font_info(new CGlobalFontInfo(m_system), true);
+    } catch (...) {
+        // There has to be a table, so the old one stays; its fonts go.
+        if (m_owns_font_info) m_font_info->empty_slots();
+        throw;
+    }
 }

@@ -22,7 +22,7 @@ public:
 
     /// Seconds of a fade between the pictures of a shape; 0 or less: no fade.
     float m_ani_trans_time;
-    /// Never null but for lack of memory.
+    /// Never null.
     CGlobalFontInfo* m_font_info;
     XSystem* m_system;
 

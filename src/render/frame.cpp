@@ -6,6 +6,7 @@
 #include "layout/approach.h"
 #include "layout/shape.h"
 #include "layout/shown.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 #include "module/setting.h"
 #include "render/blend.h"
@@ -25,10 +26,12 @@ x3d_viewport viewport_over(const CRect& rect, x3d_viewport viewport) {
 
 }  // namespace
 
-void CSimpleGUIManager::render_in_view_2d(const render_context& context) {
+void CSimpleGUIManager::render_in_view_2d(const render_context& context) try {
     render_all_formal_content(context);
     CGlobalFontInfo* fonts = m_setting ? m_setting->m_font_info : nullptr;
     if (fonts && fonts->m_show_font_sample) fonts->debug_draw_font();
+} catch (...) {
+    keep_inside(L"render_in_view_2d");
 }
 
 void CSimpleGUIManager::render_all_formal_content(const render_context&) {

@@ -1,4 +1,5 @@
 #include "engine/engine_system.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 #include "module/module_state.h"
 #include "script/function_table.h"
@@ -48,4 +49,6 @@ void CSimpleGUIScriptFunctions::register_functions() {
     }
 }
 
-void CSimpleGUIManager::on_register_xfunc() { CSimpleGUIScriptFunctions::register_functions(); }
+void CSimpleGUIManager::on_register_xfunc() try { CSimpleGUIScriptFunctions::register_functions(); } catch (...) {
+    keep_inside(L"on_register_xfunc");
+}
