@@ -147,7 +147,7 @@ void CSimpleGUIAnimNode::approach_next_rescalings() {
     }
     if (const CSimpleGUIAnimNode* node = order.ahead(2)) {
         node->each_rescaled_track(
-            [](const auto& track) { fetch_all(track.all_keys().data(), track.all_keys().size() * sizeof(IKey*)); });
+            [](const auto& track) { fetch_all(track.all_keys().data(), track.all_keys().size() * sizeof(void*)); });
     }
     if (const CSimpleGUIAnimNode* node = order.ahead(1)) {
         node->each_rescaled_track([]<class Key>(const TBaseTrack<Key>& track) {
