@@ -13,7 +13,10 @@ namespace host {
 /// In one block, with the hashes beside the entries: a look-up reads one place, then the actor itself. For keys that
 /// nobody can make so that their hashes meet: such would let it grow without end.
 template <class Entry, class Hash, class Equal>
-using FlatTable = tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true>;
+struct FlatTable : tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true> {
+    // Half of the room that it takes by itself.
+    FlatTable() { this->max_load_factor(0.75f); }
+};
 /// For other keys.
 template <class Entry, class Hash, class Equal>
 using ChainedTable = std::unordered_set<Entry, Hash, Equal>;

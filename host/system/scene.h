@@ -51,7 +51,9 @@ struct PropertyItem {
 class Scene final : public CSceneManager {
 public:
     /// Both must outlive the scene.
-    Scene(MessageManager& messages, SelectionManager& selection) : m_messages(messages), m_selection(selection) {}
+    Scene(MessageManager& messages, SelectionManager& selection) : m_messages(messages), m_selection(selection) {
+        m_alive.max_load_factor(0.75f);
+    }
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
     ~Scene();

@@ -5,8 +5,36 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "engine/engine_system.h"
+
+/// The fields of a key as named properties, in the order of their names. Owns them. Takes memory for the first alone: a
+/// show has keys by the hundred thousand, and none that is edited.
+class KeyProperties {
+public:
+    using Map = std::map<tstringW, std::unique_ptr<CZovProperty>>;
+
+    bool empty() const { return all().empty(); }
+    std::size_t size() const { return all().size(); }
+    bool contains(const tstringW& name) const { return all().contains(name); }
+    Map::const_iterator find(const tstringW& name) const { return all().find(name); }
+    Map::const_iterator begin() const { return all().begin(); }
+    Map::const_iterator end() const { return all().end(); }
+    /// There is none of that name.
+    void emplace(const tstringW& name, std::unique_ptr<CZovProperty> property) {
+        if (!m_map) m_map = std::make_unique<Map>();
+        m_map->emplace(name, std::move(property));
+    }
+
+private:
+    const Map& all() const {
+        static const Map none;
+        return m_map ? *m_map : none;
+    }
+
+    std::unique_ptr<Map> m_map;
+};
 
 /// One value of an animated property at one moment.
 class IKey {
@@ -30,31 +58,27 @@ public:
     /// False if there is such a property already; nothing is made then. The field must outlive the key's properties.
     template <class T>
     bool add_property(const tstringW& name, T& field, bool flag) {
-        if (!m_properties) m_properties = std::make_unique<Properties>();
-        if (m_properties->contains(name)) return false;
-        m_properties->emplace(name, std::make_unique<CZovProperty>(name.c_str(), field, flag));
+        if (m_properties.contains(name)) return false;
+        m_properties.emplace(name, std::make_unique<CZovProperty>(name.c_str(), field, flag));
         return true;
     }
     /// False if there is no such property.
     template <class T>
     bool set_property(const tstringW& name, const T& value, bool) {
-        CZovProperty* property = find_property(name);
-        if (property) property->set_value(value, true);
-        return property;
+        const auto found = m_properties.find(name);
+        if (found == m_properties.end()) return false;
+        found->second->set_value(value, true);
+        return true;
     }
     template <class T>
     bool get_property(const tstringW& name, T& value) const {
-        const CZovProperty* property = find_property(name);
-        if (property) property->get_value(value);
-        return property;
+        const auto found = m_properties.find(name);
+        if (found == m_properties.end()) return false;
+        found->second->get_value(value);
+        return true;
     }
 
-    using Properties = std::map<tstringW, std::unique_ptr<CZovProperty>>;
-    /// Null until an editor asks for the first. A show has keys by the hundred thousand, and none that is edited.
-    std::unique_ptr<Properties> m_properties;
-    /// Behind the pointer, where the values of the kinds of keys follow without a gap.
+    KeyProperties m_properties;
+    /// Behind the properties, where the values of the kinds of keys follow without a gap.
     float m_time;
-
-private:
-    CZovProperty* find_property(const tstringW& name) const;
 };

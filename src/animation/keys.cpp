@@ -74,12 +74,6 @@ constexpr const char* time_key = "time";
 
 IKey::~IKey() = default;
 
-CZovProperty* IKey::find_property(const tstringW& name) const {
-    if (!m_properties) return nullptr;
-    const auto found = m_properties->find(name);
-    return found == m_properties->end() ? nullptr : found->second.get();
-}
-
 template <class Key>
 void KeyWithFields<Key>::create_properties() {
     for (const auto& row : Fields<Key>::table) add_property(row.name, row.field(static_cast<Key&>(*this)), true);

@@ -82,7 +82,7 @@ TEST(Track, ShowsItsKeysAsNamedProperties) {
     SGuiColor key(1);
     key.create_properties();
     key.create_properties();
-    EXPECT_EQ(key.m_properties->size(), 4u);
+    EXPECT_EQ(key.m_properties.size(), 4u);
     EXPECT_TRUE(key.set_property(L"透明度", 0.25f, true));
     EXPECT_FALSE(key.set_property(L"alpha", 0.5f, true));
     EXPECT_FLOAT_EQ(key.m_color.w, 0.25f);
