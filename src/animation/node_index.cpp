@@ -14,14 +14,18 @@ namespace {
 NodeIndex index_in_use;
 int users = 0;
 
+// A product with it carries all bits upwards.
+constexpr std::uint64_t odd = 0x9E3779B97F4A7C15u;
+
 std::uint64_t hash_of(const CGuid& id) {
     std::uint64_t halves[2];
     std::memcpy(halves, id.bytes(), sizeof halves);
-    // Identifiers may count up in any of their bytes; the product carries all of them upwards.
-    constexpr std::uint64_t odd = 0x9E3779B97F4A7C15u;
+    // Identifiers may count up in any of their bytes.
     const std::uint64_t mixed = (halves[0] * odd) ^ (halves[1] + (halves[0] >> 32));
     return (mixed ^ (mixed >> 29)) * odd >> 20;
 }
+
+std::uint64_t hash_of(const void* address) { return reinterpret_cast<std::uintptr_t>(address) * odd >> 20; }
 
 }  // namespace
 
@@ -62,6 +66,7 @@ void NodeIndex::begin(const CSimpleGUIManager& manager, bool keep) {
     const std::array revisions = {manager.m_anim_nodes.revision(), manager.m_shapes.revision(),
                                   manager.m_dialogs.revision()};
     m_is_fresh = false;
+    m_is_wide = !keep;
     if (keep && revisions == m_revisions) return;
     m_manager = &manager;
     m_revisions = {};
@@ -97,12 +102,26 @@ void NodeIndex::build_again() {
     }
 }
 
+std::int32_t& NodeIndex::slot_of(const CSimpleGUIShape* shape) {
+    const std::size_t mask = m_shape_slots.size() - 1;
+    std::size_t slot = static_cast<std::size_t>(hash_of(shape)) & mask;
+    while (m_shape_slots[slot] != none && m_items[static_cast<std::size_t>(m_shape_slots[slot])].shape != shape) {
+        slot = (slot + 1) & mask;
+    }
+    return m_shape_slots[slot];
+}
+
 void NodeIndex::find_items() {
     if (m_items_found) return;
+    m_shape_slots.assign(m_slots.size(), none);
     m_items_found = true;
+    Approach approach(m_manager->m_shapes.begin(), m_manager->m_shapes.end(), fetch_actor_of, fetch_id_of);
     for (CSimpleGUIShape* shape : m_manager->m_shapes) {
+        approach.next();
         Item* item = shape && shape->m_actor ? find(shape->m_actor->get_id()) : nullptr;
-        if (item && !item->shape) item->shape = shape;
+        if (!item || item->shape) continue;
+        item->shape = shape;
+        slot_of(shape) = static_cast<std::int32_t>(item - m_items.data());
     }
     for (CSimpleGUIDialog* dialog : m_manager->m_dialogs) {
         Item* item = dialog && dialog->m_actor ? find(dialog->m_actor->get_id()) : nullptr;
@@ -117,6 +136,11 @@ const NodeIndex::Item* NodeIndex::item_of(CSimpleGUIAnimNode& node) {
 }
 
 NodeIndex::Item* NodeIndex::item_of(const CSimpleGUIShape& shape) {
+    if (m_is_wide) {
+        find_items();
+        const std::int32_t place = slot_of(&shape);
+        return place == none ? nullptr : &m_items[static_cast<std::size_t>(place)];
+    }
     Item* item = shape.m_actor ? find(shape.m_actor->get_id()) : nullptr;
     if (!item) return nullptr;
     find_items();

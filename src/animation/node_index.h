@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "engine/guid.h"
+#include "layout/approach.h"
+#include "layout/dialog.h"
 
 class CSimpleGUIAnimNode;
-class CSimpleGUIDialog;
 class CSimpleGUIManager;
-class CSimpleGUIShape;
 
 /// Finds nodes and their items in constant time. Actors can take other identifiers without a word to the module, so
 /// what an earlier operation has found is looked at again before it counts.
@@ -36,16 +36,22 @@ public:
 
     /// Null for a node that the manager's list does not name, and for one that is none of the GUI.
     const Item* item_of(CSimpleGUIAnimNode& node);
-    /// Calls visit(node) for the nodes that move the shape. A second call for the dialog finds none: lists may name a
-    /// shape twice.
+    /// Calls visit(shape, node) for the nodes that move a shape of the dialog's list. Each shape comes once: lists may
+    /// name one twice.
     template <class Visit>
-    void each_node_of(const CSimpleGUIShape& shape, const CSimpleGUIDialog& dialog, Visit visit) {
-        Item* item = item_of(shape);
-        if (!item || (item->asked_by == &dialog && item->asked_in == m_operation)) return;
-        item->asked_by = &dialog;
-        item->asked_in = m_operation;
-        for (std::int32_t at = item->first_node; at != none; at = m_nodes[static_cast<std::size_t>(at)].next) {
-            visit(*m_nodes[static_cast<std::size_t>(at)].node);
+    void each_node_of_shapes(const CSimpleGUIDialog& dialog, Visit visit) {
+        const auto& shapes = dialog.m_shapes;
+        // Shapes that are known without being read need not be fetched.
+        Approach approach(m_is_wide ? shapes.end() : shapes.begin(), shapes.end(), fetch_actor_of, fetch_id_of);
+        for (CSimpleGUIShape* shape : shapes) {
+            approach.next();
+            Item* item = shape ? item_of(*shape) : nullptr;
+            if (!item || (item->asked_by == &dialog && item->asked_in == m_operation)) continue;
+            item->asked_by = &dialog;
+            item->asked_in = m_operation;
+            for (std::int32_t at = item->first_node; at != none; at = m_nodes[static_cast<std::size_t>(at)].next) {
+                visit(*shape, *m_nodes[static_cast<std::size_t>(at)].node);
+            }
         }
     }
 
@@ -56,6 +62,10 @@ private:
         std::int32_t next;
     };
 
+    // Ahead of a walk that asks the actor of each shape for its identifier.
+    static void fetch_actor_of(const CSimpleGUIShape& shape) { fetch(&shape.m_actor); }
+    static void fetch_id_of(const CSimpleGUIShape& shape) { fetch(shape.m_actor); }
+
     // Null for an identifier that no node has, and for a shape that is not the first of its identifier.
     Item* item_of(const CSimpleGUIShape& shape);
     void build();
@@ -65,6 +75,7 @@ private:
     Item* find(const CGuid& id);
     void add(CSimpleGUIAnimNode& node);
     void find_items();
+    std::int32_t& slot_of(const CSimpleGUIShape* shape);
 
     const CSimpleGUIManager* m_manager = nullptr;
     std::uint64_t m_operation = 0;
@@ -72,11 +83,15 @@ private:
     std::array<std::uint64_t, 3> m_revisions{};
     // Built in the operation in work.
     bool m_is_fresh = false;
+    // The operation in work is one on all dialogs, which looks at the identifiers of all shapes anyway.
+    bool m_is_wide = false;
     bool m_items_found = false;
     std::vector<Node> m_nodes;
     std::vector<Item> m_items;
     // A hash table with open addresses: places in m_items. A power of two, and at most half full.
     std::vector<std::int32_t> m_slots;
+    // The same for items that are shapes, by their addresses: a wide operation reads no shape a second time.
+    std::vector<std::int32_t> m_shape_slots;
 };
 
 /// The index of the operation in work. It is built where the outermost of several begins; all must be the same

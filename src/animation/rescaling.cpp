@@ -2,7 +2,7 @@
 // another view, the form that leads stays and the other is computed anew. Alignment 9 lets the fractions lead, any
 // other the pixels.
 
-#include <algorithm>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -62,34 +62,68 @@ bool percent_leads_at(TBaseTrack<SGuiAlign>* aligns, const SAnimateContext& cont
     return alignment_at(aligns, near, context.m_time, otherwise, is_sorted) == ALIGN_SCALE;
 }
 
-// Whether the fractions lead at a moment. Keys of place and size mostly stand at the same moments, so that the last
-// answer serves again.
-class Leading {
+SAnimateContext forward_at(float moment) {
+    SAnimateContext context;
+    context.m_time = moment;
+    return context;
+}
+
+// What a search of a track gives at one moment after the other. Moments that ascend take one pass over a sorted track.
+template <class Key>
+class SearchInOrder {
 public:
-    Leading(TBaseTrack<SGuiAlign>* aligns, int otherwise) : m_aligns(aligns), m_otherwise(otherwise) {}
-    bool percent_at(const SAnimateContext& context) {
-        if (m_is_known && context.m_time == m_time) return m_percent_leads;
-        m_is_known = true;
-        m_time = context.m_time;
-        return m_percent_leads = percent_leads_at(m_aligns, context, m_otherwise);
+    /// Null is a track without keys. Nobody else may touch the keys meanwhile.
+    explicit SearchInOrder(TBaseTrack<Key>* track)
+        : m_track(track), m_is_sorted(track && track->is_searchable()), m_keys(track ? track->all_keys() : no_keys) {}
+
+    /// False for a moment behind which the pass has gone on, and for what is no number.
+    bool reaches(float moment) const { return m_is_sorted && moment >= m_moment; }
+
+    NearKeys<Key> around(float moment) {
+        if (!reaches(moment)) return near_keys(m_track, forward_at(moment));
+        m_moment = moment;
+        while (m_place < m_keys.size() && m_keys[m_place]->get_time() < moment) ++m_place;
+        return {m_place > 0 ? key(m_place - 1) : nullptr, m_place < m_keys.size() ? key(m_place) : nullptr};
+    }
+
+    /// The key whose value holds where values step; null without keys.
+    const Key* ruling(float moment) {
+        if (!reaches(moment)) {
+            const Key* at_moment = key_at<Key>(m_track, moment);
+            return at_moment ? at_moment : near_keys(m_track, forward_at(moment)).first();
+        }
+        // In a sorted track that is the last one that has begun, or reaches back to the moment, or else the first.
+        m_moment = moment;
+        while (m_behind < m_keys.size() && m_keys[m_behind]->get_time() - time_tolerance < moment) ++m_behind;
+        return m_keys.empty() ? nullptr : key(m_behind > 0 ? m_behind - 1 : 0);
     }
 
 private:
-    TBaseTrack<SGuiAlign>* m_aligns;
-    int m_otherwise;
-    bool m_is_known = false;
-    float m_time = 0.0f;
-    bool m_percent_leads = false;
+    static inline const std::vector<IKey*> no_keys;
+    const Key* key(std::size_t place) const { return static_cast<const Key*>(m_keys[place]); }
+
+    TBaseTrack<Key>* m_track;
+    const bool m_is_sorted;
+    const std::vector<IKey*>& m_keys;
+    float m_moment = -std::numeric_limits<float>::infinity();
+    // The first key that is not ahead of the moment, and the first of those that are too far behind it.
+    std::size_t m_place = 0;
+    std::size_t m_behind = 0;
 };
 
-// What the key at that place of the track says at its own moment. Nothing behind the last.
+// What the keys of a track say, each at its own moment.
 template <class Key>
-void evaluate_key(TBaseTrack<Key>& track, std::size_t place, const Fields<Key>& fields, Leading& leading,
-                  const VEC2& frame, std::vector<BothForms>& results) {
-    if (place >= track.keys().size()) return;
-    SAnimateContext context;
-    context.m_time = track.keys()[place]->get_time();
-    results.push_back(forms_at(near_keys(&track, context), fields, context.m_time, leading.percent_at(context), frame));
+void evaluate_keys(TBaseTrack<Key>& track, const Fields<Key>& fields, TBaseTrack<SGuiAlign>* aligns, int otherwise,
+                   const VEC2& frame, std::vector<BothForms>& results) {
+    results.clear();
+    SearchInOrder<Key> keys(&track);
+    SearchInOrder<SGuiAlign> alignments(aligns);
+    for (const IKey* key : track.keys()) {
+        const float moment = key->get_time();
+        const SGuiAlign* leading = alignments.ruling(moment);
+        const bool percent_leads = (leading ? leading->m_align : otherwise) == ALIGN_SCALE;
+        results.push_back(forms_at(keys.around(moment), fields, moment, percent_leads, frame));
+    }
 }
 
 template <class Key>
@@ -170,14 +204,9 @@ void CSimpleGUIAnimNode::rescale_keys(IActor* actor) {
     std::optional<TBaseTrack<SGuiAlign>::KnownOrder> aligns_in_order;
     if (aligns) aligns_in_order.emplace(*aligns);
     // All evaluations come ahead of the first write: the one at a key's moment reads the key's neighbours.
-    offset_results.clear();
-    size_results.clear();
-    Leading leading(aligns, item.alignment());
     const VEC2 frame = size_of(item.frame);
-    for (std::size_t at = 0, end = std::max(offsets->keys().size(), sizes->keys().size()); at < end; ++at) {
-        evaluate_key(*offsets, at, offset_fields, leading, frame, offset_results);
-        evaluate_key(*sizes, at, size_fields, leading, frame, size_results);
-    }
+    evaluate_keys(*offsets, offset_fields, aligns, item.alignment(), frame, offset_results);
+    evaluate_keys(*sizes, size_fields, aligns, item.alignment(), frame, size_results);
     store_keys(*offsets, offset_fields, offset_results);
     store_keys(*sizes, size_fields, size_results);
 }
@@ -187,10 +216,8 @@ void CSimpleGUIDialog::resize_shape_animnode_key() {
     if (m_rect.Width() == m_last_rect.Width() && m_rect.Height() == m_last_rect.Height()) return;
     if (m_manager->m_anim_nodes.empty()) return;
     const NodeIndexInUse index(*m_manager, true);
-    for (CSimpleGUIShape* shape : m_shapes) {
-        if (!shape) continue;
-        index->each_node_of(*shape, *this, [&](CSimpleGUIAnimNode& node) { node.rescale_keys(shape->m_actor); });
-    }
+    index->each_node_of_shapes(
+        *this, [](const CSimpleGUIShape& shape, CSimpleGUIAnimNode& node) { node.rescale_keys(shape.m_actor); });
 }
 
 CSimpleGUIShape* CSimpleGUIDialog::get_animnode_related_shape_in_me(CSimpleGUIAnimNode* node) {

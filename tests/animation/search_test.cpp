@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <limits>
 #include <random>
 
 #include "animation/anim_node.h"
 #include "animation/track.h"
+#include "layout/anchors.h"
 #include "support/allocations.h"
 #include "support/gui_test.h"
 
@@ -50,6 +52,12 @@ void expect_plain_results(ITrack& track, const Keys& keys, float time) {
         track.get_near_keys(context, found[0], found[1]);
         EXPECT_EQ(found, near(keys, time, speed)) << time << " by " << speed;
     }
+}
+
+const Keys& keys_of(ITrack& track) {
+    if (const auto* offsets = dynamic_cast<TBaseTrack<SGuiOffset>*>(&track)) return offsets->all_keys();
+    if (const auto* sizes = dynamic_cast<TBaseTrack<SGuiSize>*>(&track)) return sizes->all_keys();
+    return static_cast<TBaseTrack<SGuiAlign>&>(track).all_keys();
 }
 
 class Searches : public GuiTest {
@@ -104,6 +112,8 @@ TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
             dialogs.push_back(dialog({0, 0, 100, 100}));
             for (int child = 0; child < 6; ++child) actors.push_back(shape(dialogs.back(), {0, 0, 9, 9})->m_actor);
         }
+        // Those change their size with the view.
+        for (int at = 0; at < 2; ++at) dialogs[at]->set_scale_mode(1);
         // Few identifiers, so that several actors share one, and some have no node.
         const auto any_id = [&] {
             GUID id{};
@@ -134,10 +144,12 @@ TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
             }
         }
         for (SGuiOffset* key : keys) key->m_offset_percent = {-1, -1};
-        engine.resize(800 + trial % 2, 600);
+        engine.resize(1600 + 800 * (trial % 2), 600);
         for (std::size_t at = 0; at < nodes.size(); ++at) {
             const bool moves_dialog = gui.get_dialog_by_guid(nodes[at]->get_internal_item_id()) != nullptr;
-            EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moves_dialog);
+            const CSimpleGUIShape* moved = gui.get_shape_by_guid(nodes[at]->get_internal_item_id());
+            const bool moves_shape = dialogs[0]->m_shapes.contains(moved) || dialogs[1]->m_shapes.contains(moved);
+            EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moves_dialog || moves_shape);
         }
         for (CSimpleGUIDialog* gone : dialogs) engine.destroy(gone);
     }
@@ -227,6 +239,70 @@ TEST_F(Searches, AStepGoesOnWhereWalksWouldGo) {
             EXPECT_EQ(shapes[0]->m_bScaleMode, shapes[1]->m_bScaleMode) << trial << ", " << step;
         }
         for (CSimpleGUIShape* gone : shapes) engine.destroy(gone);
+    }
+}
+
+TEST_F(Searches, BringEachKeyToWhatItsMomentSays) {
+    for (int trial = 0; trial < 400; ++trial) {
+        CSimpleGUIDialog* parent = dialog({0, 0, 400, 300});
+        CSimpleGUIShape* moved = shape(parent, {10, 10, 90, 40});
+        const CMyComPtr<CSimpleGUIAnimNode> node(static_cast<CSimpleGUIAnimNode*>(
+            AnimSystemLibrary::create_anim_node_by_type(&engine, ANIM_NODE_TYPE_GUI, moved->m_actor->get_id())));
+        for (const unsigned type : {TRACK_TYPE_OFFSET, TRACK_TYPE_SIZE, TRACK_TYPE_ALIGN}) {
+            ITrack* track = node->get_track(type);
+            // Few moments, so that some are taken twice, and some that lie within the tolerance of others.
+            const auto any_moment = [&] {
+                const float jitter = random() % 4 == 0 ? 0.00005f : random() % 4 == 0 ? 0.02f : 0;
+                return random() % 8 == 0 ? any_time() : static_cast<float>(random() % 12) * 0.5f + jitter;
+            };
+            for (auto keys = random() % 12; keys > 0; --keys) track->create_key(any_moment(), trial % 4 != 1);
+            if (trial % 4 != 0) track->sort_keys();
+            for (IKey* key : Keys(trial % 4 == 3 ? track->get_keys() : keys_of(*track))) {
+                const auto number = static_cast<float>(random() % 200);
+                if (auto* offset = dynamic_cast<SGuiOffset*>(key)) {
+                    offset->m_offset = {number, -number};
+                    offset->m_offset_percent = {number / 50, 0.25f};
+                }
+                if (auto* size = dynamic_cast<SGuiSize*>(key)) {
+                    size->m_size = {number, 1};
+                    size->m_size_percent = {0.5f, number / 70};
+                }
+                if (auto* align = dynamic_cast<SGuiAlign*>(key)) align->m_align = number < 100 ? ALIGN_SCALE : 4;
+            }
+        }
+        const auto forms_of_all = [&](auto forms_of) {
+            std::vector<std::array<VEC2, 4>> all;
+            for (const unsigned type : {TRACK_TYPE_OFFSET, TRACK_TYPE_SIZE}) {
+                for (IKey* key : keys_of(*node->get_track(type))) all.push_back(forms_of(*key));
+            }
+            return all;
+        };
+        // The others of the four belong to the other track.
+        const auto of_kind = [](IKey& key, std::array<VEC2, 4> at) {
+            const std::size_t other = dynamic_cast<SGuiOffset*>(&key) ? 2 : 0;
+            at[other] = at[other + 1] = {};
+            return at;
+        };
+        parent->set_rect({0, 0, 500, 200 * (trial % 3)}, true);
+        const auto said = forms_of_all([&](IKey& key) {
+            SAnimateContext context;
+            context.m_time = key.m_time;
+            std::array<VEC2, 4> at{};
+            node->evaluate_at(context, moved->m_actor, at[0], at[2], at[1], at[3]);
+            return of_kind(key, at);
+        });
+        parent->set_rect(CRect(parent->m_rect), false);
+        const auto kept = forms_of_all([](IKey& key) {
+            std::array<VEC2, 4> at{};
+            if (const auto* offset = dynamic_cast<SGuiOffset*>(&key)) at = {offset->m_offset, offset->m_offset_percent};
+            if (const auto* size = dynamic_cast<SGuiSize*>(&key))
+                at = {VEC2(), VEC2(), size->m_size, size->m_size_percent};
+            return at;
+        });
+        ASSERT_EQ(said.size(), kept.size());
+        // By their bits, since a place may be no number.
+        EXPECT_TRUE(said.empty() || std::memcmp(said.data(), kept.data(), said.size() * sizeof said[0]) == 0) << trial;
+        engine.destroy(parent);
     }
 }
 
