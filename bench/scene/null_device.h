@@ -1,12 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <unordered_map>
 
 #include "host/core/device.h"
 
 namespace bench {
 
-/// Counts what is drawn and draws nothing. Pictures have a size and no pixels; no file is looked at.
+/// Counts what is drawn and draws nothing. Pictures have a size and no pixels; no file is looked at. Like a real device
+/// it makes one texture of a file, whoever shows it.
 class NullDevice final : public host::Device {
 public:
     void end_frame() override {}
@@ -25,7 +28,11 @@ public:
         ++calls;
     }
     void draw_text(IBaseFont::Face&, int, int, const VEC4&, const wchar_t*, font_org_position) override { ++calls; }
-    CMyComPtr<IDeviceTexture> make_texture(const std::wstring&) override { return texture_of(32, 32); }
+    CMyComPtr<IDeviceTexture> make_texture(const std::wstring& path) override {
+        CMyComPtr<IDeviceTexture>& texture = m_pictures[path];
+        if (!texture) texture = texture_of(32, 32);
+        return texture;
+    }
 
     /// Of all frames together, viewports left out.
     std::size_t calls = 0;
@@ -37,6 +44,8 @@ private:
         texture->height = height;
         return texture;
     }
+
+    std::unordered_map<std::wstring, CMyComPtr<IDeviceTexture>> m_pictures;
 };
 
 }  // namespace bench

@@ -9,7 +9,8 @@ IBaseFont::IBaseFont(IBaseDevice* device) : IBaseDeviceItem(device) {}
 IBaseFont::~IBaseFont() = default;
 
 void IBaseFont::render_text_in_screen(int x, int y, VEC4 color, const wchar_t* text, font_org_position position) {
-    auto* device = dynamic_cast<host::Device*>(m_device);
+    // Every device of this engine is one of its own.
+    auto* device = static_cast<host::Device*>(m_device);
     if (device && m_face && text) device->draw_text(*m_face, x, y, color, text, position);
 }
 

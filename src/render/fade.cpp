@@ -1,5 +1,7 @@
 #include "render/fade.h"
 
+#include <cmath>
+
 #include "engine/services.h"
 
 namespace {
@@ -22,8 +24,8 @@ float FadeTime::progress() {
 }
 
 float next_weight(const Fade& fade, FadeTime& time) {
-    if (Math::Abs(fade.target - fade.now) < snap_distance) return fade.target;
+    if (std::fabs(fade.target - fade.now) < snap_distance) return fade.target;
     if (!(time.duration_seconds > 0.0f)) return fade.target;
-    if (Math::Abs(time.elapsed_seconds) <= least_elapsed_seconds) return fade.now;
+    if (std::fabs(time.elapsed_seconds) <= least_elapsed_seconds) return fade.now;
     return limited((fade.target - fade.start) * time.progress() + fade.start, fade.limit);
 }

@@ -10,6 +10,7 @@
 #include "module/manager.h"
 #include "module/setting.h"
 #include "render/blend.h"
+#include "render/frame_moment.h"
 #include "render/visibility.h"
 
 namespace {
@@ -66,6 +67,7 @@ void CSimpleGUIDialog::render_in_view() {
     // Kept between frames, so that a steady frame allocates nothing.
     static std::vector<CSimpleGUIShape*> deferred;
     deferred.clear();
+    frame_moment.begin();
     const auto draw = [this](CSimpleGUIShape* shape) {
         render_shape_texture(shape);
         render_shape_text(shape);
@@ -80,11 +82,13 @@ void CSimpleGUIDialog::render_in_view() {
         },
         [](const CSimpleGUIShape& shape) {
             fetch(shape.m_actor);
-            const ITexture* picture = shape.m_texture.get();
-            if (!picture) return;
-            fetch(picture);
-            // Its device side stands behind what belongs to every texture.
-            fetch(picture + 1);
+            for (const ITexture* picture :
+                 {shape.m_texture.get(), shape.m_texture_hover.get(), shape.m_texture_down.get()}) {
+                if (!picture) continue;
+                fetch(picture);
+                // Its device side stands behind what belongs to every texture.
+                fetch(picture + 1);
+            }
         });
     for (CSimpleGUIShape* shape : m_shapes) {
         approach.next();

@@ -1,12 +1,12 @@
 // One shape: its rectangle or pictures, then its text.
 
 #include "fonts/font_info.h"
-#include "layout/seconds.h"
 #include "layout/shape.h"
 #include "module/manager.h"
 #include "module/setting.h"
 #include "render/blend.h"
 #include "render/fade.h"
+#include "render/frame_moment.h"
 
 namespace {
 
@@ -77,7 +77,7 @@ void CSimpleGUIDialog::render_shape_fade(CSimpleGUIShape* shape) {
     if (!normal) normal = m_manager->m_shape_target.get();
 
     const float duration = shape->m_texture_mode == MODE_DOWN ? press_seconds : m_manager->m_setting->m_ani_trans_time;
-    FadeTime time(present_seconds() - shape->m_mode_time, duration);
+    FadeTime time(frame_moment.seconds() - shape->m_mode_time, duration);
     // A normal picture never gets more opaque than the shape's colour; the others end fully opaque.
     const float most[] = {0.0f, shape->m_color.w, 1.0f, 1.0f};
     for (int mode = MODE_NORMAL; mode <= MODE_DOWN; ++mode) {
