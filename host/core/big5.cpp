@@ -26,11 +26,12 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    std::string convert(std::string bytes) {
+    std::string convert(const std::string& bytes) {
         if (m_converter == not_there) return std::string(bytes.size(), '?');
         iconv(m_converter, nullptr, nullptr, nullptr, nullptr);
         std::string text;
-        char* from = bytes.data();
+        // Only moved on: the converter writes nothing there.
+        char* from = const_cast<char*>(bytes.data());
         std::size_t left = bytes.size();
         while (left > 0) {
             char buffer[256];

@@ -71,11 +71,12 @@ private:
 // ---- Reading --------------------------------------------------------------------------------------------------------
 
 // What stands for itself inside quotation marks. Bytes of other than ASCII do: all of the text is UTF-8.
-constexpr auto plain_bytes = [] {
+constexpr std::array<bool, 256> all_plain_bytes() {
     std::array<bool, 256> plain{};
     for (std::size_t c = 0x20; c < plain.size(); ++c) plain[c] = c != '&' && c != '<' && c != '"';
     return plain;
-}();
+}
+constexpr std::array<bool, 256> plain_bytes = all_plain_bytes();
 
 constexpr std::pair<std::string_view, char> references[] = {
     {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&#13;", '\r'}, {"&#10;", '\n'}, {"&#9;", '\t'}};

@@ -1,6 +1,7 @@
 // What scripts can ask of the animations of a project.
 
 #include <cmath>
+#include <cstdlib>
 #include <lua.hpp>
 
 #include "host/core/text_conversion.h"
@@ -17,8 +18,10 @@ Animation& named(lua_State* L) {
     std::size_t length = 0;
     const char* name = luaL_checklstring(L, 1, &length);
     Animation* found = engine_of(L).animations().find(from_utf8({name, length}));
-    if (!found) luaL_argerror(L, 1, lua_pushfstring(L, "there is no animation \"%s\"", name));
-    return *found;
+    if (found) return *found;
+    luaL_argerror(L, 1, lua_pushfstring(L, "there is no animation \"%s\"", name));
+    // The line above does not return.
+    std::abort();
 }
 
 template <void (Animation::*Call)()>

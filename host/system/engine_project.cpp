@@ -263,11 +263,15 @@ void Engine::save_modules(const Saving& saving) {
 
 // Writes one actor with its item, if both have something to write and the actor above is in the file.
 void Engine::save_item(const Actor& actor, Saving& saving) {
-    const IActor* parent = actor.get_parent();
-    const auto parent_id = parent ? saving.id_of.find(parent) : saving.id_of.end();
-    // What hangs below an actor that isn't saved would have no place to come back to.
-    if (!actor.is_in_scene() || (parent && parent_id == saving.id_of.end())) return;
+    if (!actor.is_in_scene()) return;
     ProjectItem& item = saving.item;
+    item.parent = CGuid();
+    if (const IActor* parent = actor.get_parent()) {
+        const auto saved = saving.id_of.find(parent);
+        // What hangs below an actor that isn't saved would have no place to come back to.
+        if (saved == saving.id_of.end()) return;
+        item.parent = saved->second;
+    }
     item.data.clear();
     actor.get_item()->save_to_node(&item.data, saving.operation);
     if (item.data.is_empty()) return;
@@ -276,7 +280,6 @@ void Engine::save_item(const Actor& actor, Saving& saving) {
     // The file tells items apart by their identifiers, whatever scripts and tools have made of them.
     while (item.id.is_empty() || !saving.used_ids.insert(item.id).second) item.id = m_scene.new_id();
     if (!actor.children().empty() || !(item.id == actor.get_id())) saving.id_of[&actor] = item.id;
-    item.parent = parent ? parent_id->second : CGuid();
     item.name = actor.get_name();
     item.visible = actor.is_visible();
     item.flag = actor.get_flag();

@@ -150,7 +150,7 @@ std::string short_text(const Value& value) {
         // Not in the middle of a character.
         std::size_t end = longest_text;
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-        text = text.substr(0, end) + " ...";
+        text.replace(end, std::string::npos, " ...");
     }
     return text;
 }

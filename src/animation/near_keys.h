@@ -47,6 +47,12 @@ NearKeys<Key> near_keys(ITrack* any_track, const SAnimateContext& context) {
     return near_keys(track_of<Key>(any_track), context);
 }
 
+/// The same, for who has a place for them.
+template <class Key>
+void find_near_keys(ITrack* any_track, const SAnimateContext& context, NearKeys<Key>& keys) {
+    keys = near_keys<Key>(any_track, context);
+}
+
 template <class Key>
 Key* key_at(ITrack* any_track, float time) {
     TBaseTrack<Key>* track = track_of<Key>(any_track);

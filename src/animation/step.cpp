@@ -69,8 +69,8 @@ bool CSimpleGUIAnimNode::knows_neighbours() const {
 void CSimpleGUIAnimNode::step_to(const SAnimateContext& context) {
     const bool known = knows_neighbours();
     if (!known) find_tracks();
-    const auto step = [&]<class Key>(ITrack* track, NearKeys<Key>& keys) {
-        if (!known || !keys.are_around(context)) keys = near_keys<Key>(track, context);
+    const auto step = [&](ITrack* track, auto& keys) {
+        if (!known || !keys.are_around(context)) find_near_keys(track, context, keys);
     };
     step(m_offset_track, m_step.keys.offsets);
     step(m_size_track, m_step.keys.sizes);

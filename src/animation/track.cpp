@@ -97,8 +97,8 @@ template <class Condition>
 std::size_t TBaseTrack<T>::first_with(Condition condition) {
     const auto fails = [&](const IKey* key) { return !condition(*key); };
     if (is_searchable()) return halved(fails);
-    const auto found = std::find_if_not(keys().begin(), m_keys.cend(), fails);
-    return static_cast<std::size_t>(found - m_keys.cbegin());
+    const auto& walked = keys();
+    return static_cast<std::size_t>(std::find_if_not(walked.begin(), walked.end(), fails) - walked.begin());
 }
 
 template <class T>
@@ -106,8 +106,8 @@ template <class Condition>
 std::size_t TBaseTrack<T>::behind_last_with(Condition condition) {
     const auto holds = [&](const IKey* key) { return condition(*key); };
     if (is_searchable()) return halved(holds);
-    const auto found = std::find_if(keys().rbegin(), m_keys.crend(), holds).base();
-    return static_cast<std::size_t>(found - m_keys.cbegin());
+    const auto& walked = keys();
+    return static_cast<std::size_t>(std::find_if(walked.rbegin(), walked.rend(), holds).base() - walked.begin());
 }
 
 template <class T>

@@ -86,7 +86,7 @@ Span resized_span(Span rel, Span old_root, Span new_root, int halves, bool scale
     const float new_size = static_cast<float>(std::int64_t{new_root.far_edge} - new_root.near_edge);
     const float factor = fraction(new_size, old_size);
     const double origin = new_root.near_edge;
-    const auto placed = [&](double edge) { return trunc_to_int(edge + origin); };
+    const auto placed = [origin](double edge) { return trunc_to_int(edge + origin); };
 
     if (scale) return {placed(double{factor} * rel.near_edge), placed(double{factor} * rel.far_edge)};
     if (halves == 1) {

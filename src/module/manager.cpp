@@ -91,9 +91,13 @@ void CSimpleGUIManager::register_types() {
     }
 }
 
-tstringW CSimpleGUIManager::get_name() const try { return L"CSimpleGUIManager"; } catch (...) {
-    keep_inside(L"get_name");
-    return {};
+tstringW CSimpleGUIManager::get_name() const {
+    try {
+        return L"CSimpleGUIManager";
+    } catch (...) {
+        keep_inside(L"get_name");
+        return {};
+    }
 }
 
 CGuid CSimpleGUIManager::get_id() const { return CGuid(L"283B689B-6775-0F82-3171-70E93AFF15F6"); }

@@ -83,6 +83,7 @@ std::vector<std::string> lines_of_lua() {
                       lua_pcall(L, 0, 0, 0) == LUA_OK;
     EXPECT_TRUE(good) << lua_tostring(L, -1);
     lua_close(L);
+    own_lines = nullptr;
     return lines;
 }
 
