@@ -1,6 +1,7 @@
 #include "animation/keys.h"
 
 #include "layout/persisted_value.h"
+#include "module/boundary.h"
 
 namespace {
 
@@ -75,18 +76,24 @@ constexpr const char* time_key = "time";
 IKey::~IKey() = default;
 
 template <class Key>
-void KeyWithFields<Key>::create_properties() {
+void KeyWithFields<Key>::create_properties() try {
     for (const auto& row : Fields<Key>::table) add_property(row.name, row.field(static_cast<Key&>(*this)), true);
+} catch (...) {
+    keep_inside(L"key: create_properties");
 }
 
 template <class Key>
-void KeyWithFields<Key>::write_properties() {
+void KeyWithFields<Key>::write_properties() try {
     for (const auto& row : Fields<Key>::table) set_property(row.name, row.field(static_cast<Key&>(*this)), true);
+} catch (...) {
+    keep_inside(L"key: write_properties");
 }
 
 template <class Key>
-void KeyWithFields<Key>::read_properties() {
+void KeyWithFields<Key>::read_properties() try {
     for (const auto& row : Fields<Key>::table) get_property(row.name, row.field(static_cast<Key&>(*this)));
+} catch (...) {
+    keep_inside(L"key: read_properties");
 }
 
 template class KeyWithFields<SGuiOffset>;

@@ -8,7 +8,7 @@
 #include "fonts/logfont.h"
 #include "module/boundary.h"
 
-tstringW CGlobalFontInfo::search_fontpath(tstringW name) {
+tstringW CGlobalFontInfo::search_fontpath(tstringW name) try {
     const auto found = m_fontname_fontpath_map.find(name);
     if (found == m_fontname_fontpath_map.end()) {
         m_font_status = L"Unable to find font path.";
@@ -16,6 +16,9 @@ tstringW CGlobalFontInfo::search_fontpath(tstringW name) {
     }
     m_font_status = name;
     return found->second;
+} catch (...) {
+    keep_inside(L"search_fontpath");
+    return {};
 }
 
 IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) try {

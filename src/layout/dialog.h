@@ -71,6 +71,7 @@ public:
 
 private:
     void render_shape_texture(CSimpleGUIShape* shape);
+    GUI_LOCAL void render_shapes();
     GUI_LOCAL void render_shape_text(CSimpleGUIShape* shape);
     GUI_LOCAL void render_shape_fade(CSimpleGUIShape* shape);
     /// The picture of a mode as it stands, also when empty; the normal one for any mode but 2 and 3.

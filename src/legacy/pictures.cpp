@@ -1,6 +1,7 @@
 // Pictures of a legacy project, of both layouts.
 
 #include "legacy/values.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
 namespace {
@@ -19,7 +20,7 @@ tstringW picture_path(const tstringW& stored, const tstringW& folder) {
 
 }  // namespace
 
-CMyComPtr<ITexture> CSimpleGUIManager::get_texture_from_old_zov(CPakNode* node) {
+CMyComPtr<ITexture> CSimpleGUIManager::get_texture_from_old_zov(CPakNode* node) try {
     const tstringW path = picture_path(read_legacy_text(*node, "FILENAME", LEGACY_PATH), m_legacy_texture_folder);
     CMyComPtr<ITexture> texture = m_system->m_resource_manager->load_texture_from_file(path.c_str());
     if (!texture) return texture;
@@ -29,4 +30,7 @@ CMyComPtr<ITexture> CSimpleGUIManager::get_texture_from_old_zov(CPakNode* node) 
     texture->create_device_texture(m_device);
     if (!texture->get_device_texture()) texture->file_name = no_such_file;
     return texture;
+} catch (...) {
+    keep_inside(L"get_texture_from_old_zov");
+    return {};
 }

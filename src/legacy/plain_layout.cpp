@@ -4,6 +4,7 @@
 #include "legacy/controls.h"
 #include "legacy/rects.h"
 #include "legacy/values.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
 namespace {
@@ -23,7 +24,7 @@ void name_item(Item& item, const CGuid& id, const tstringW& name) {
 
 }  // namespace
 
-void CSimpleGUIManager::create_dialog_from_old_zov(CPakNode* node) {
+void CSimpleGUIManager::create_dialog_from_old_zov(CPakNode* node) try {
     const int align = read_legacy_int(*node, "m_iAlignType");
     const int scale = align == ALIGN_SCALE ? 1 : read_legacy_int(*node, "ScaleMode");
     const CRect stored = stored_rect(*node, {});
@@ -43,9 +44,11 @@ void CSimpleGUIManager::create_dialog_from_old_zov(CPakNode* node) {
     each_legacy_child_backwards(node->find("Controls"),
                                 [&](CPakNode& control) { create_shape_from_old_zov(&control, dialog); });
     dialog->update_rect();
+} catch (...) {
+    keep_inside(L"create_dialog_from_old_zov");
 }
 
-void CSimpleGUIManager::create_shape_from_old_zov(CPakNode* node, CSimpleGUIDialog* dialog) {
+void CSimpleGUIManager::create_shape_from_old_zov(CPakNode* node, CSimpleGUIDialog* dialog) try {
     const int align = read_legacy_int(*node, "Align");
     const int scale = read_legacy_int(*node, "ScaleMode");
     const CRect stored = stored_rect(*node, dialog->m_last_rect);
@@ -73,4 +76,6 @@ void CSimpleGUIManager::create_shape_from_old_zov(CPakNode* node, CSimpleGUIDial
         }
     }
     shape->update_offsets();
+} catch (...) {
+    keep_inside(L"create_shape_from_old_zov");
 }

@@ -7,6 +7,7 @@
 #include "legacy/panel_place.h"
 #include "legacy/root_dialog.h"
 #include "legacy/text_format.h"
+#include "module/boundary.h"
 #include "module/manager.h"
 
 namespace {
@@ -57,7 +58,7 @@ PanelPlace read_panel_place(CPakNode& panel_pos) {
     return place;
 }
 
-void CSimpleGUIManager::create_primary_dialog_from_old_zov(CPakNode* stage) {
+void CSimpleGUIManager::create_primary_dialog_from_old_zov(CPakNode* stage) try {
     CSimpleGUIDialog* dialog = create_dialog();
     if (!dialog) return;
     if (!m_root_dialog) m_root_dialog = dialog;
@@ -75,9 +76,11 @@ void CSimpleGUIManager::create_primary_dialog_from_old_zov(CPakNode* stage) {
     });
     // Every old project has this stage, also where its author made nothing on it.
     if (is_empty && name == LEGACY_MAIN_STAGE) delete_legacy_dialog(*this, *dialog);
+} catch (...) {
+    keep_inside(L"create_primary_dialog_from_old_zov");
 }
 
-void CSimpleGUIManager::create_primary_shape_from_old_zov(CPakNode* panel, CSimpleGUIDialog* dialog) {
+void CSimpleGUIManager::create_primary_shape_from_old_zov(CPakNode* panel, CSimpleGUIDialog* dialog) try {
     CSimpleGUIShape* shape = create_shape(dialog);
     if (!shape) return;
     shape->m_item_id = read_legacy_guid(*panel, "id");
@@ -90,4 +93,6 @@ void CSimpleGUIManager::create_primary_shape_from_old_zov(CPakNode* panel, CSimp
     CPakNode* picture = panel->find("texture");
     const CMyComPtr<ITexture> texture = picture ? get_texture_from_old_zov(picture) : CMyComPtr<ITexture>();
     if (texture && texture->get_device_texture()) shape->m_texture = texture;
+} catch (...) {
+    keep_inside(L"create_primary_shape_from_old_zov");
 }

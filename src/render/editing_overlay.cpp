@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "module/boundary.h"
 #include "module/manager.h"
 #include "render/blend.h"
 #include "render/mark_color.h"
@@ -23,7 +24,7 @@ std::vector<VEC2> outline(const CRect& rect) {
 
 }  // namespace
 
-void CSimpleGUIManager::render_editing_dialog_frame() {
+void CSimpleGUIManager::render_editing_dialog_frame() try {
     const CSimpleGUIDialog* dialog = get_editing_dialog();
     if (!dialog) return;
     renderfun& draw = *m_system->m_renderfun;
@@ -40,4 +41,6 @@ void CSimpleGUIManager::render_editing_dialog_frame() {
     // The shadow lies one pixel to the right and one down, not two as that of a shape's text.
     font->render_text_in_screen(x + 1, y + 1, name_shadow_color, name.c_str(), FONT_RIGHT_BOTTOM);
     font->render_text_in_screen(x, y, line_color, name.c_str(), FONT_RIGHT_BOTTOM);
+} catch (...) {
+    keep_inside(L"render_editing_dialog_frame");
 }

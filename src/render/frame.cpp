@@ -35,7 +35,7 @@ void CSimpleGUIManager::render_in_view_2d(const render_context& context) try {
     keep_inside(L"render_in_view_2d");
 }
 
-void CSimpleGUIManager::render_all_formal_content(const render_context&) {
+void CSimpleGUIManager::render_all_formal_content(const render_context&) try {
     if (m_gui_hidden && m_system->m_system_state == SYSTEM_STATE_FOUR) return;
     m_gui_hidden = 0;
     render_dialogs();
@@ -50,6 +50,8 @@ void CSimpleGUIManager::render_all_formal_content(const render_context&) {
     }
     render_editing_dialog_frame();
     if (editing) editing->render_in_view();
+} catch (...) {
+    keep_inside(L"render_all_formal_content");
 }
 
 void CSimpleGUIManager::render_dialogs() {
@@ -63,7 +65,16 @@ void CSimpleGUIDialog::render_in_view() {
     IBaseDevice& device = *m_system->render_device;
     const x3d_viewport outside = device.get_current_viewport();
     device.set_view_port(viewport_over(m_rect, outside));
+    try {
+        render_shapes();
+    } catch (...) {
+        keep_inside(L"dialog: render_in_view");
+    }
+    // Whatever became of this one, the next dialog counts from the view.
+    device.set_view_port(outside);
+}
 
+void CSimpleGUIDialog::render_shapes() {
     // Kept between frames, so that a steady frame allocates nothing.
     static std::vector<CSimpleGUIShape*> deferred;
     deferred.clear();
@@ -101,6 +112,4 @@ void CSimpleGUIDialog::render_in_view() {
         }
     }
     for (CSimpleGUIShape* shape : deferred) draw(shape);
-
-    device.set_view_port(outside);
 }

@@ -35,6 +35,16 @@ TEST_F(FrameTest, KeepsTheDepthOfTheViewportAndTheConstantsOfEveryCall) {
     EXPECT_EQ(engine.device.viewport.max_z, 0.75f);
 }
 
+TEST_F(FrameTest, WhatFailsInOneDialogEndsThere) {
+    engine.device.viewport = {0, 0, 800, 600, 0, 1};
+    for (int number = 0; number < 2; ++number) shape(dialog({10, 20, 100, 100}), {1, 2, 31, 22});
+    const std::size_t whole = engine.frame().size();
+    engine.device.failures = 1;
+    EXPECT_EQ(engine.frame().size(), whole - 1);
+    EXPECT_EQ(engine.device.viewport.x, 0);
+    EXPECT_EQ(engine.device.viewport.width, 800);
+}
+
 TEST_F(FrameTest, TextsTakeTheFontOfTheirSlot) {
     CSimpleGUIShape* subject = shape(dialog({0, 0, 100, 100}), {1, 2, 31, 22});
     subject->m_title = L"text";

@@ -1,5 +1,7 @@
 #include "scratch_engine/recorder.h"
 
+#include <new>
+
 namespace {
 
 bool is_gui_blend(const x3d_blend_desc& blend) {
@@ -24,6 +26,10 @@ CMyComPtr<IDeviceTexture> Recorder::create_device_texture_ex(unsigned long usage
 }
 
 void Recorder::draw_solid_rect(const tagRECT&, const VEC4&, x3d_blend_desc blend) {
+    if (failures > 0) {
+        --failures;
+        throw std::bad_alloc();
+    }
     check(is_gui_blend(blend));
     add();
 }

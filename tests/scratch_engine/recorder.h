@@ -32,6 +32,8 @@ public:
     bool recording = true;
     /// Calls whose constant arguments were not those of the contract.
     int wrong_constants = 0;
+    /// So many of the next rectangles find no memory.
+    int failures = 0;
 
 private:
     void check(bool right) { wrong_constants += right ? 0 : 1; }
