@@ -113,7 +113,7 @@ TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
             for (int child = 0; child < 6; ++child) actors.push_back(shape(dialogs.back(), {0, 0, 9, 9})->m_actor);
         }
         // Those change their size with the view.
-        for (int at = 0; at < 2; ++at) dialogs[at]->set_scale_mode(1);
+        for (std::size_t at = 0; at < 2; ++at) dialogs[at]->set_scale_mode(1);
         // Few identifiers, so that several actors share one, and some have no node.
         const auto any_id = [&] {
             GUID id{};
