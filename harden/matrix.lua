@@ -103,7 +103,10 @@ local shape_changes = {
     {"move", function(name) host.set(name, {rect = at_far}) end, function(it) it.rect = at_far end},
     {"move over there", function(name) host.set(name, {rect = at_there}) end, function(it) it.rect = at_there end},
     {"turn inside out", function(name) host.set(name, {rect = {50, 50, 0, 0}}) end, function(it) it.rect = {0, 0, 0, 0} end},
-    {"restyle", function(name) host.set(name, restyled) end, function() end},
+    {"restyle", function(name)
+        host.set(name, restyled)
+        for slot = 0, 2 do set_ctrl_texture(name, slot, "none.png") end
+    end, function() end},
     {"make static", function(name)
         set_ctrl_type(name, 1)
         set_ctrl_bkimage(name, 1)
@@ -235,9 +238,11 @@ local function cell(acting, event, before, at, change, target)
         return is_other and at_there or at_here
     end
     local new_scripts = {left_up = logged("new", "left_up"), mouse_in = logged("new", "mouse_in")}
-    local function follow(mouse)
+    -- A press and its look outlast moves; a release ends it.
+    local function follow(mouse, state)
         for _, one in ipairs{{"move", far}, {"move", here}, {"left_down", here}, {"left_up", here}, {"move", there}} do
             log[#log + 1] = tostring(mouse(one[1], one[2][1], one[2][2]))
+            log[#log + 1] = state()
         end
     end
 
@@ -259,7 +264,7 @@ local function cell(acting, event, before, at, change, target)
     host.mouse("move", before[1], before[2])
     log[#log + 1] = tostring(host.mouse(pointer, at[1], at[2]))
     log[#log + 1] = state_of_host()
-    follow(host.mouse)
+    follow(host.mouse, state_of_host)
     host.frame()
     log[#log + 1] = state_of_host()
     host.stop()
@@ -283,7 +288,7 @@ local function cell(acting, event, before, at, change, target)
     plain_mouse("move", before[1], before[2])
     log[#log + 1] = tostring(plain_mouse(pointer, at[1], at[2]))
     log[#log + 1] = state_of_plain()
-    follow(plain_mouse)
+    follow(plain_mouse, state_of_plain)
     log[#log + 1] = state_of_plain()
     plain_stop()
     log[#log + 1] = state_of_plain()

@@ -296,6 +296,11 @@ done
 same a.png b.png
 differ a.png c.png
 differ a.png d.png
+# On a terminal a second thread tells what takes long, wipes it off again, and changes nothing of the work beside it.
+script -qec "'$sgui' sheet '$show' --animation 入场 --frames 9 --size 320x180 --out told.png" /dev/null >out 2>err </dev/null ||
+    fault "sheet on a terminal"
+same c.png told.png
+[ ! -s out ] || [ "$(tail -c 3 out)" = $'\e[K' ] || fault "a terminal keeps what it was told"
 
 # Legacy projects come over as they were, look the same after a way round by way of the present format, and move.
 # Nothing of theirs is changed, and what is lost is told.
