@@ -80,7 +80,7 @@ void CGlobalFontInfo::lower_view_flag() {
     m_raised_view_flag = false;
 }
 
-void CGlobalFontInfo::debug_draw_font() {
+void CGlobalFontInfo::debug_draw_font() try {
     if (std::fabs(present_seconds() - s_font_change_time) >= sample_seconds) {
         m_show_font_sample = false;
         lower_view_flag();
@@ -91,4 +91,6 @@ void CGlobalFontInfo::debug_draw_font() {
     const wchar_t* text = m_font_status.empty() ? sample_text : m_font_status.c_str();
     m_last_font->render_text_in_screen(client.Width() / 2, client.Height() / 2, {1.0f, 1.0f, 1.0f, 1.0f}, text,
                                        FONT_CENTER_MIDDLE);
+} catch (...) {
+    keep_inside(L"debug_draw_font");
 }
