@@ -41,6 +41,10 @@ CGlobalFontInfo& CGlobalFontInfo::operator=(const CGlobalFontInfo& other) {
     }
     lower_view_flag();
     m_owns_fonts = false;
+    // The copying may fail anywhere: nothing may name by then what is gone.
+    m_gui_fonts.clear();
+    m_created_fonts.clear();
+    m_last_font = nullptr;
     m_show_font_sample = other.m_show_font_sample;
     m_gui_fonts = other.m_gui_fonts;
     m_system = other.m_system;

@@ -164,6 +164,33 @@ TEST_F(GuiTest, WithoutMemoryAFontIsNoneRatherThanAnother) {
     }
 }
 
+TEST_F(GuiTest, ACopyWithoutMemoryNamesNoFontThatIsGone) {
+    registry().files = {L"/f/one.ttf"};
+    const CGlobalFontInfo& source = *gui.m_setting->m_font_info;
+    LOGFONTW record{};
+    record.lfHeight = -30;
+    set_face_name(record, L"One");
+    bool failed = true;
+    for (std::size_t at = 0; failed; ++at) {
+        CGlobalFontInfo fonts(&engine);
+        fonts.m_fontname_fontpath_map = {{L"One", L"/f/one.ttf"}};
+        ASSERT_TRUE(fonts.change_font(record, 1, false));
+        {
+            const FailingAllocation failure(at);
+            try {
+                fonts = source;
+            } catch (const std::bad_alloc&) {
+                // What is left has to be fit for use.
+            }
+            failed = failure.was_met();
+        }
+        if (IBaseFont* font = fonts.font_of_slot(0)) {
+            EXPECT_EQ(font->get_height(), 16);
+        }
+        fonts.debug_draw_font();
+    }
+}
+
 TEST_F(GuiTest, ATableWithoutADefaultFontHasNoSlots) {
     engine.default_font = nullptr;
     for (XSystem* system : {static_cast<XSystem*>(&engine), static_cast<XSystem*>(nullptr)}) {
