@@ -8,6 +8,24 @@
 #include "support/allocations.h"
 #include "support/gui_test.h"
 
+TEST_F(GuiTest, AShapeWhoseActorStaysBehindStaysToo) {
+    CSimpleGUIDialog* former = dialog({0, 0, 100, 100});
+    CSimpleGUIDialog* next = dialog({200, 200, 300, 300});
+    CSimpleGUIShape* moved = shape(former, {10, 10, 50, 50});
+    const auto stands_in = [&](const CSimpleGUIDialog* subject) {
+        return moved->m_parent_dialog == subject && moved->m_actor->get_parent() == subject->m_actor &&
+               former->m_shapes.contains(moved) == (subject == former) &&
+               next->m_shapes.contains(moved) == (subject == next);
+    };
+    auto& actor = static_cast<ScratchActor&>(*moved->m_actor);
+    actor.is_fixed = true;
+    moved->change_parent_dialog(next);
+    EXPECT_TRUE(stands_in(former));
+    actor.is_fixed = false;
+    moved->change_parent_dialog(next);
+    EXPECT_TRUE(stands_in(next));
+}
+
 TEST_F(GuiTest, NoOperationLetsWantOfMemoryOut) {
     CGlobalGUISetting& setting = *gui.m_setting;
     const auto fonts = [&]() -> CGlobalFontInfo& { return *setting.m_font_info; };
