@@ -59,6 +59,7 @@ public:
         });
         m_engine.draw_scene = {};
         m_engine.scripts().on_error = [this](const std::string& line) {
+            m_script_failed = true;
             m_says_why |= line.find("memory") != std::string::npos;
         };
         std::string error;
@@ -108,7 +109,7 @@ public:
             {"a click with its script", [this] { run_showroom(); },
              [this, place](std::string&) {
                  m_engine.mouse(host::InputKind::LEFT_DOWN, place.x, place.y);
-                 return !m_says_why;
+                 return !m_says_why && !m_script_failed;
              },
              Operation::PART_OF_ITS_WORK},
         };
@@ -214,7 +215,7 @@ private:
 
     /// False where nothing failed, for it asks for less.
     bool run_short(const Operation& operation, long at, bool lasts, bool& good, std::string& error) {
-        m_says_why = false;
+        m_says_why = m_script_failed = false;
         const ShortMemory fault(at, lasts);
         good = operation.run(error);
         m_says_why |= error.find("out of memory") != std::string::npos;
@@ -223,7 +224,7 @@ private:
 
     bool works(const Operation& operation) {
         std::string error;
-        m_says_why = false;
+        m_says_why = m_script_failed = false;
         m_engine.scene().use_counted_ids();
         return operation.run(error);
     }
@@ -269,6 +270,7 @@ private:
     host::Engine m_engine;
     std::string m_empty;
     bool m_says_why = false;
+    bool m_script_failed = false;
     long long m_live = 0;
     int m_done = 0;
     int m_overcome = 0;

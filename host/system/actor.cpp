@@ -33,8 +33,11 @@ void Actor::set_parent(IActor* parent) {
         m_scene.destroy_tree(this);
         return;
     }
+    // The new place comes first: without memory for it the actor stays where it is.
+    const auto place = above->m_children.insert(above->m_children.end(), this);
     Scene::unlink(*this);
-    Scene::link(*this, above);
+    m_parent = above;
+    m_place = place;
 }
 
 }  // namespace host

@@ -82,20 +82,16 @@ bool ScriptManager::reset() {
     return true;
 }
 
-LuaBox& ScriptManager::box() {
-    if (m_box) return *m_box;
-    m_box = std::make_unique<LuaBox>();
-    m_box->on_print = [this](const std::string& line) { on_print ? on_print(line) : print_line(stdout, line); };
-    std::string error;
-    bool good = bind_functions(*m_box, false, error);
-    LuaError failure;
-    if (repeatable) m_box->protect(&seed_with_constant, nullptr, failure);
-    if (good && m_extra && !m_box->protect(m_extra, m_extra_argument, failure)) {
-        error = failure.message;
-        good = false;
-    }
-    if (!good) on_error ? on_error(error) : print_line(stderr, error);
-    return *m_box;
+// Whole or not at all: one without its functions would fail every script of the run.
+LuaBox* ScriptManager::box(LuaError& error) {
+    if (m_box) return m_box.get();
+    auto fresh = std::make_unique<LuaBox>();
+    fresh->on_print = [this](const std::string& line) { on_print ? on_print(line) : print_line(stdout, line); };
+    if (!bind_functions(*fresh, false, error.message)) return nullptr;
+    if (repeatable && !fresh->protect(&seed_with_constant, nullptr, error)) return nullptr;
+    if (m_extra && !fresh->protect(m_extra, m_extra_argument, error)) return nullptr;
+    m_box = std::move(fresh);
+    return m_box.get();
 }
 
 std::wstring ScriptManager::name_of(const ScriptPlace& place) const {
@@ -108,7 +104,8 @@ void ScriptManager::run(const std::string& text, const ScriptPlace& place) {
     if (on_run) on_run(owner, place.event);
     LuaError error;
     try {
-        if (box().run(text, error)) return;
+        LuaBox* const used = box(error);
+        if (used && used->run(text, error)) return;
     } catch (const std::bad_alloc&) {
         error = {0, "out of memory"};
     }

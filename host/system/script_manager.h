@@ -51,7 +51,6 @@ public:
     bool reset();
     /// Carries a script out; errors go to `on_error`. Touches nothing of the caller afterwards.
     void run(const std::string& text, const ScriptPlace& place);
-    LuaBox& box();
 
     /// "SHAPE, EVENT, line N: message", UTF-8. Empty: standard error.
     std::function<void(const std::string&)> on_error;
@@ -65,6 +64,8 @@ public:
     std::function<std::wstring(const CGuid&)> owner_name;
 
 private:
+    /// Null: `error` says why, and the next script tries again.
+    LuaBox* box(LuaError& error);
     std::wstring name_of(const ScriptPlace& place) const;
 
     XSystem* m_system;

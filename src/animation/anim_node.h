@@ -21,7 +21,7 @@ public:
     /// dialog.
     void animate(const SAnimateContext& context) override;
     /// Makes keys from the item's present state, in the tracks that create_tracks or animate has cached. False if there
-    /// is no such item.
+    /// is no such item, and where the memory for one of the keys was missing.
     bool record_key(const SAnimateContext& context) override;
 
     /// What the keys say at a moment, in both forms: pixels, and fractions of the frame. Without such an item, or for a

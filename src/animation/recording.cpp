@@ -38,11 +38,16 @@ State state_of(const CSimpleGUIManager& manager, const AnimatedItem& item, IActo
 }
 
 // The key at the moment, made if there is none; null if the track is missing. It may be an older key that lies near.
+// Without the memory for one `all_made` becomes false.
 template <class Key>
-Key* made_key(ITrack* track, float time) {
+Key* made_key(ITrack* track, float time, bool& all_made) {
     if (!track_of<Key>(track)) return nullptr;
+    const int count = track->get_key_count();
     track->create_key(time, false);
-    return key_at<Key>(track, time);
+    Key* key = key_at<Key>(track, time);
+    // A key at a time that is no number is made, and found by nobody.
+    if (!key && track->get_key_count() == count) all_made = false;
+    return key;
 }
 
 }  // namespace
@@ -60,14 +65,15 @@ bool CSimpleGUIAnimNode::record_key(const SAnimateContext& context) try {
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists()) return false;
     const float time = context.m_time;
-    auto* offset = made_key<SGuiOffset>(m_offset_track, time);
-    auto* size = made_key<SGuiSize>(m_size_track, time);
-    auto* visible = made_key<SGuiVisible>(m_visible_track, time);
-    auto* align = made_key<SGuiAlign>(m_align_track, time);
+    bool all_made = true;
+    auto* offset = made_key<SGuiOffset>(m_offset_track, time, all_made);
+    auto* size = made_key<SGuiSize>(m_size_track, time, all_made);
+    auto* visible = made_key<SGuiVisible>(m_visible_track, time, all_made);
+    auto* align = made_key<SGuiAlign>(m_align_track, time, all_made);
     const State state = state_of(*m_manager, item, actor);
     // A dialog has no colour of its own.
     if (item.shape && item.has_frame) {
-        if (auto* color = made_key<SGuiColor>(m_color_track, time)) color->m_color = item.shape->m_color;
+        if (auto* color = made_key<SGuiColor>(m_color_track, time, all_made)) color->m_color = item.shape->m_color;
     }
     if (offset) {
         offset->m_offset = state.offset;
@@ -82,7 +88,7 @@ bool CSimpleGUIAnimNode::record_key(const SAnimateContext& context) try {
     for (ITrack* track : {m_offset_track, m_size_track, m_align_track, m_visible_track, m_color_track}) {
         if (track) track->update_keys();
     }
-    return true;
+    return all_made;
 } catch (...) {
     keep_inside(L"node: record_key");
     return false;

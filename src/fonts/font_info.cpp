@@ -41,6 +41,10 @@ CGlobalFontInfo& CGlobalFontInfo::operator=(const CGlobalFontInfo& other) {
     }
     lower_view_flag();
     m_owns_fonts = false;
+    // The copying may fail anywhere: nothing may name by then what is gone.
+    m_gui_fonts.clear();
+    m_created_fonts.clear();
+    m_last_font = nullptr;
     m_show_font_sample = other.m_show_font_sample;
     m_gui_fonts = other.m_gui_fonts;
     m_system = other.m_system;
@@ -63,7 +67,7 @@ CGlobalFontInfo::~CGlobalFontInfo() {
     for (IBaseFont* font : m_created_fonts) delete font;
 }
 
-void CGlobalFontInfo::save_to_node(pack_node* node, const save_operation&) {
+void CGlobalFontInfo::save_to_node(pack_node* node, const save_operation&) try {
     for (int slot = 0; slot < static_cast<int>(m_gui_fonts.size()); ++slot) {
         IBaseFont* font = m_gui_fonts[static_cast<std::size_t>(slot)];
         LOGFONTW& record = m_gui_logfonts_for_loading[slot];
@@ -72,12 +76,16 @@ void CGlobalFontInfo::save_to_node(pack_node* node, const save_operation&) {
         const tstringW file = path == m_fontpath_by_font.end() ? tstringW() : path->second;
         save_logfont(node, slot, record, filefun::get_pure_filename(file.c_str(), true));
     }
+} catch (...) {
+    keep_inside(L"fonts: save_to_node");
 }
 
-void CGlobalFontInfo::on_parse(pack_node* node) {
+void CGlobalFontInfo::on_parse(pack_node* node) try {
     for (int slot = 0; slot < slot_count; ++slot) {
         read_logfont(node, slot, m_gui_logfonts_for_loading[slot], m_font_file_names[slot]);
     }
+} catch (...) {
+    keep_inside(L"fonts: on_parse");
 }
 
 void CGlobalFontInfo::on_ready() {

@@ -79,6 +79,9 @@ public:
     tstringW m_font_file_names[slot_count];
 
 private:
+    GUI_LOCAL const tstringW* find_fontpath(const tstringW& name);
+    GUI_LOCAL IBaseFont* font_of_record(const LOGFONTW& record, tstringW& path);
+    GUI_LOCAL IBaseFont* font_of_file(const tstringW& path, unsigned size);
     GUI_LOCAL IBaseFont* keep(IBaseFont* font);
     GUI_LOCAL IBaseFont* create_font_beside_project(const LOGFONTW& record, int slot);
     GUI_LOCAL void drop_font(IBaseFont* font);

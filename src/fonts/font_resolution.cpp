@@ -8,46 +8,58 @@
 #include "fonts/logfont.h"
 #include "module/boundary.h"
 
-tstringW CGlobalFontInfo::search_fontpath(tstringW name) try {
+// What gives nothing for want of memory must not look like what is not there: the search would go on to another font.
+// So those that serve others let an exception through, and those that are exported end it.
+
+const tstringW* CGlobalFontInfo::find_fontpath(const tstringW& name) {
     const auto found = m_fontname_fontpath_map.find(name);
-    if (found == m_fontname_fontpath_map.end()) {
-        m_font_status = L"Unable to find font path.";
-        return {};
-    }
-    m_font_status = name;
-    return found->second;
-} catch (...) {
-    keep_inside(L"search_fontpath");
-    return {};
+    const bool is_known = found != m_fontname_fontpath_map.end();
+    m_font_status = is_known ? name : tstringW(L"Unable to find font path.");
+    return is_known ? &found->second : nullptr;
 }
 
-IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) try {
+IBaseFont* CGlobalFontInfo::font_of_record(const LOGFONTW& record, tstringW& path) {
     if (!m_system) return nullptr;
     if (face_name(record) == face_name(m_default_logfont)) return m_system->default_font;
     for (const std::wstring& name : font_candidates(record)) {
-        const tstringW found = search_fontpath(name);
-        if (found.empty()) continue;
+        const tstringW* found = find_fontpath(name);
+        if (!found || found->empty()) continue;
         // The first match decides, also when its file is gone.
-        path = found;
-        return create_font_from_path(found, font_size(record));
+        path = *found;
+        return font_of_file(path, font_size(record));
     }
-    return nullptr;
-} catch (...) {
-    keep_inside(L"create_font_from_logfont");
     return nullptr;
 }
 
-IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) try {
+IBaseFont* CGlobalFontInfo::font_of_file(const tstringW& path, unsigned size) {
     if (!m_system) return nullptr;
     if (!filefun::file_exist(path.c_str())) {
         m_font_status = L"Unable to create: " + path;
         zov_simple_log(LOG_FONT, (L"无法加载" + path).c_str(), nullptr);
         return nullptr;
     }
-    IBaseFont* font = keep(new (std::nothrow) IBaseFont(m_system->render_device));
-    if (!font) return nullptr;
+    IBaseFont* font = keep(new IBaseFont(m_system->render_device));
     font->create_font_from_file(path.c_str(), size);
     return font;
+}
+
+tstringW CGlobalFontInfo::search_fontpath(tstringW name) try {
+    const tstringW* found = find_fontpath(name);
+    return found ? *found : tstringW();
+} catch (...) {
+    keep_inside(L"search_fontpath");
+    return {};
+}
+
+IBaseFont* CGlobalFontInfo::create_font_from_logfont(const LOGFONTW& record, tstringW& path) try {
+    return font_of_record(record, path);
+} catch (...) {
+    keep_inside(L"create_font_from_logfont");
+    return nullptr;
+}
+
+IBaseFont* CGlobalFontInfo::create_font_from_path(tstringW path, unsigned size) try {
+    return font_of_file(path, size);
 } catch (...) {
     keep_inside(L"create_font_from_path");
     return nullptr;

@@ -26,7 +26,7 @@ bool CGlobalFontInfo::change_font(const LOGFONTW& record, int number, bool loadi
     IBaseFont*& place = m_gui_fonts[static_cast<std::size_t>(slot)];
 
     tstringW path;
-    IBaseFont* font = create_font_from_logfont(record, path);
+    IBaseFont* font = font_of_record(record, path);
     // The copy beside the project brings no path: a save then writes no file name for it, or the name of a listed file
     // that was found by name and is gone.
     if (!font && loading) font = create_font_beside_project(record, slot);
@@ -48,8 +48,8 @@ bool CGlobalFontInfo::change_font(const LOGFONTW& record, int number, bool loadi
 IBaseFont* CGlobalFontInfo::create_font_beside_project(const LOGFONTW& record, int slot) {
     const tstringW& file = m_font_file_names[slot];
     const std::wstring project_folder = filefun::get_file_path(m_system->project_file_path.c_str());
-    IBaseFont* font = create_font_from_path(project_folder + file, font_size(record));
-    return font ? font : create_font_from_path(published_folder(m_system->project_file_path) + file, font_size(record));
+    IBaseFont* font = font_of_file(project_folder + file, font_size(record));
+    return font ? font : font_of_file(published_folder(m_system->project_file_path) + file, font_size(record));
 }
 
 void CGlobalFontInfo::drop_font(IBaseFont* font) {
@@ -80,7 +80,7 @@ void CGlobalFontInfo::lower_view_flag() {
     m_raised_view_flag = false;
 }
 
-void CGlobalFontInfo::debug_draw_font() {
+void CGlobalFontInfo::debug_draw_font() try {
     if (std::fabs(present_seconds() - s_font_change_time) >= sample_seconds) {
         m_show_font_sample = false;
         lower_view_flag();
@@ -91,4 +91,6 @@ void CGlobalFontInfo::debug_draw_font() {
     const wchar_t* text = m_font_status.empty() ? sample_text : m_font_status.c_str();
     m_last_font->render_text_in_screen(client.Width() / 2, client.Height() / 2, {1.0f, 1.0f, 1.0f, 1.0f}, text,
                                        FONT_CENTER_MIDDLE);
+} catch (...) {
+    keep_inside(L"debug_draw_font");
 }

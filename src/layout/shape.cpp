@@ -92,9 +92,14 @@ void CSimpleGUIShape::set_texture_mode(int mode) {
 void CSimpleGUIShape::change_parent_dialog(CSimpleGUIDialog* dialog) try {
     if (dialog == m_parent_dialog) return;
     dialog->m_shapes.push_back(this);
+    try {
+        if (m_actor) m_actor->set_parent(dialog->m_actor);
+    } catch (...) {
+        dialog->m_shapes.remove(this);
+        throw;
+    }
     if (m_parent_dialog) m_parent_dialog->m_shapes.remove(this);
     m_parent_dialog = dialog;
-    if (m_actor) m_actor->set_parent(dialog->m_actor);
     update_offsets();
     m_manager->get_system()->m_message_manager->send_msg(MSG_ACTOR_TREE_CHANGED, 0, 0, 0, 0, 0, 0);
 } catch (...) {

@@ -89,7 +89,8 @@ public:
     tstringW m_legacy_texture_folder;
     /// Colour of the veil behind the dialog under edit; its alpha is not used.
     VEC4 m_dim_color{0.0f, 0.0f, 0.0f, 1.0f};
-    /// Null until init_3d_environment. Not owned: the engine keeps it in its list of property items.
+    /// Null until init_3d_environment, and for good where that had no memory. Not owned: the engine keeps it in its
+    /// list of property items.
     CGlobalGUISetting* m_setting = nullptr;
     /// The view before its last change; while a project is being opened, the view that it was saved in.
     CRect m_scene_rect;

@@ -135,8 +135,9 @@ void CSimpleGUIManager::adopt_shapes() {
         // A file can hang a shape under anything; only a dialog can be its frame.
         auto* dialog = dynamic_cast<CSimpleGUIDialog*>(parent ? parent->get_item() : nullptr);
         if (!dialog) continue;
-        shape->m_parent_dialog = dialog;
+        // Ahead of the parent: a dialog tells those of its list when it goes.
         dialog->m_shapes.push_back(shape);
+        shape->m_parent_dialog = dialog;
         shape->update_rect();
     }
 }

@@ -33,6 +33,13 @@ CMyComPtr<IDeviceTexture> make_stand_in(IBaseDevice& device, const CRect& rect) 
     return device.create_device_texture_ex(0x802, size(rect.Width()), size(rect.Height()), 0, 0x1c, 1, 1, 0, 0, 0x20);
 }
 
+// Without the memory for a setting there is none; what is drawn then is that of a project that says nothing.
+float trans_time(const CGlobalGUISetting* setting) { return setting ? setting->m_ani_trans_time : 0.0f; }
+
+IBaseFont* font_of_slot(const CGlobalGUISetting* setting, int slot) {
+    return setting ? setting->m_font_info->font_of_slot(slot) : nullptr;
+}
+
 const CMyComPtr<ITexture>& picture_of(const CSimpleGUIShape& shape, int mode) {
     if (mode == MODE_HOVER) return shape.m_texture_hover;
     if (mode == MODE_DOWN) return shape.m_texture_down;
@@ -76,7 +83,7 @@ void CSimpleGUIDialog::render_shape_fade(CSimpleGUIShape* shape) {
     IDeviceTexture* normal = device_side(shape->m_texture);
     if (!normal) normal = m_manager->m_shape_target.get();
 
-    const float duration = shape->m_texture_mode == MODE_DOWN ? press_seconds : m_manager->m_setting->m_ani_trans_time;
+    const float duration = shape->m_texture_mode == MODE_DOWN ? press_seconds : trans_time(m_manager->m_setting);
     FadeTime time(frame_moment.seconds() - shape->m_mode_time, duration);
     // A normal picture never gets more opaque than the shape's colour; the others end fully opaque.
     const float most[] = {0.0f, shape->m_color.w, 1.0f, 1.0f};
@@ -92,7 +99,7 @@ void CSimpleGUIDialog::render_shape_fade(CSimpleGUIShape* shape) {
 
 void CSimpleGUIDialog::render_shape_text(CSimpleGUIShape* shape) {
     if (shape->m_title.empty()) return;
-    IBaseFont* font = m_manager->m_setting->m_font_info->font_of_slot(shape->m_font_type);
+    IBaseFont* font = font_of_slot(m_manager->m_setting, shape->m_font_type);
     if (!font) font = m_system->default_font;
     shape->update_fontpos();
     if (!font) return;

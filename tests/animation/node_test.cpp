@@ -2,6 +2,7 @@
 
 #include "animation/anim_node.h"
 #include "animation/keys.h"
+#include "support/allocations.h"
 #include "support/gui_test.h"
 
 namespace {
@@ -51,6 +52,24 @@ TEST_F(NodeTest, RecordsIntoTheKeyThatTheMomentFinds) {
     context.m_time = 1.02f;
     ASSERT_TRUE(node.record_key(context));
     EXPECT_EQ(aligns.size(), 2u) << "a moment that is taken keeps its key";
+}
+
+TEST_F(NodeTest, ARecordingWithoutMemoryForAKeySaysSo) {
+    CSimpleGUIDialog* parent = dialog({0, 0, 400, 200});
+    CSimpleGUIAnimNode& node = node_of(shape(parent, {10, 10, 20, 20}));
+    const auto recorded = [&](std::size_t failing, float time) {
+        SAnimateContext context;
+        context.m_time = time;
+        const FailingAllocation failure(failing);
+        const bool said = node.record_key(context);
+        EXPECT_EQ(said, !failure.was_met()) << "allocation " << failing;
+        return said;
+    };
+    std::size_t at = 0;
+    while (!recorded(at, static_cast<float>(at))) ++at;
+    EXPECT_GE(at, 5u) << "one for each key";
+    for (std::size_t again = 0; again < at; ++again) EXPECT_TRUE(recorded(1000, static_cast<float>(again)));
+    for (ITrack* track : node.get_tracklist()) EXPECT_EQ(track->get_key_count(), static_cast<int>(at) + 1);
 }
 
 TEST_F(NodeTest, KeysDoNotDrift) {

@@ -3,6 +3,7 @@
 #include "fonts/font_keys.h"
 #include "fonts/logfont.h"
 #include "module/setting.h"
+#include "support/allocations.h"
 #include "support/gui_test.h"
 
 namespace {
@@ -132,6 +133,62 @@ TEST_F(GuiTest, TheFirstSlotThatCantBeMadeEndsTheLoading) {
     EXPECT_EQ(again.find(prefix + "0FontFileName", MemoryNode::TEXT)->text, L"");
     EXPECT_EQ(again.find(prefix + "2lfFaceName", MemoryNode::TEXT)->text, L"Default");
     EXPECT_FALSE(fonts.m_show_font_sample);
+}
+
+TEST_F(GuiTest, WithoutMemoryAFontIsNoneRatherThanAnother) {
+    // A plainer font of the family, and a copy beside the project, would do where there is no better one.
+    engine.project_file_path = L"/p/show.project";
+    registry().files = {L"/f/plain.ttf", L"/f/bold.ttf", L"/p/bold.ttf"};
+    CGlobalFontInfo& fonts = *gui.m_setting->m_font_info;
+    fonts.m_fontname_fontpath_map = {{L"A family of some length", L"/f/plain.ttf"},
+                                     {L"A family of some length Bold", L"/f/bold.ttf"}};
+    fonts.m_font_file_names[0] = L"bold.ttf";
+    LOGFONTW record{};
+    record.lfHeight = -30;
+    record.lfWeight = 700;
+    set_face_name(record, L"A family of some length");
+    for (const bool loading : {false, true}) {
+        bool failed = true;
+        for (std::size_t at = 0; failed; ++at) {
+            fonts.change_font(fonts.m_default_logfont, 1, true);
+            bool changed = false;
+            {
+                const FailingAllocation failure(at);
+                changed = fonts.change_font(record, 1, loading);
+                failed = failure.was_met();
+            }
+            EXPECT_TRUE(failed || changed);
+            EXPECT_EQ(fonts.get_fontpath_by_font(fonts.font_of_slot(0)), changed ? L"/f/bold.ttf" : L"Default")
+                << "allocation " << at;
+        }
+    }
+}
+
+TEST_F(GuiTest, ACopyWithoutMemoryNamesNoFontThatIsGone) {
+    registry().files = {L"/f/one.ttf"};
+    const CGlobalFontInfo& source = *gui.m_setting->m_font_info;
+    LOGFONTW record{};
+    record.lfHeight = -30;
+    set_face_name(record, L"One");
+    bool failed = true;
+    for (std::size_t at = 0; failed; ++at) {
+        CGlobalFontInfo fonts(&engine);
+        fonts.m_fontname_fontpath_map = {{L"One", L"/f/one.ttf"}};
+        ASSERT_TRUE(fonts.change_font(record, 1, false));
+        {
+            const FailingAllocation failure(at);
+            try {
+                fonts = source;
+            } catch (const std::bad_alloc&) {
+                // What is left has to be fit for use.
+            }
+            failed = failure.was_met();
+        }
+        if (IBaseFont* font = fonts.font_of_slot(0)) {
+            EXPECT_EQ(font->get_height(), 16);
+        }
+        fonts.debug_draw_font();
+    }
 }
 
 TEST_F(GuiTest, ATableWithoutADefaultFontHasNoSlots) {

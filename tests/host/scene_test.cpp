@@ -7,6 +7,7 @@
 #include <random>
 
 #include "engine/numbers.h"
+#include "support/allocations.h"
 
 namespace {
 
@@ -98,6 +99,22 @@ TEST_F(SceneTest, RefusesWhatWouldBreakTheTree) {
     top->set_parent(top);
     EXPECT_EQ(top->get_parent(), nullptr);
     EXPECT_EQ(below->get_parent(), top);
+}
+
+TEST_F(SceneTest, WithoutMemoryForItsPlaceAnActorStaysWhereItIs) {
+    Actor* const former = actor(L"former");
+    Actor* const next = actor(L"next");
+    Actor* const moved = actor(L"moved", 2, former);
+    {
+        const FailingAllocation failure(0);
+        EXPECT_THROW(moved->set_parent(next), std::bad_alloc);
+    }
+    EXPECT_EQ(moved->get_parent(), former);
+    EXPECT_EQ(former->children(), std::list<Actor*>{moved});
+    moved->set_parent(next);
+    EXPECT_EQ(moved->get_parent(), next);
+    EXPECT_TRUE(former->children().empty());
+    EXPECT_EQ(next->children(), std::list<Actor*>{moved});
 }
 
 TEST_F(SceneTest, AnItemThatIsHeldOutlivesItsActor) {

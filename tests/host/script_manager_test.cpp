@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <lua.hpp>
+
 namespace {
 
 using namespace host;
@@ -77,6 +79,23 @@ TEST_F(Scripts, AWrongCallNamesFunctionParameterAndValue) {
 }
 
 // The budget of the first script covers what it starts: a button may press another that presses the first.
+TEST_F(Scripts, FunctionsThatCouldNotBeAddedAreThereOnceTheyCan) {
+    bool has_memory = false;
+    scripts.set_extra_functions(
+        [](lua_State* state) {
+            if (!*static_cast<const bool*>(lua_touserdata(state, 1))) return luaL_error(state, "not enough memory");
+            lua_pushboolean(state, 1);
+            lua_setglobal(state, "extra");
+            return 0;
+        },
+        &has_memory);
+    run("print(extra)");
+    EXPECT_EQ(printed + errors, "按钮, left_down: not enough memory\n");
+    has_memory = true;
+    run("print(extra)");
+    EXPECT_EQ(printed, "true\n");
+}
+
 TEST_F(Scripts, ScriptsThatStartEachOtherComeToAnEnd) {
     static Scripts* self;
     self = this;

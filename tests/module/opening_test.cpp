@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/allocations.h"
 #include "support/gui_test.h"
 
 class OpeningTest : public GuiTest {
@@ -56,6 +57,27 @@ TEST_F(OpeningTest, OfEqualNumbersTheFirstStaysAndAllEndWell) {
         EXPECT_TRUE(gui.m_dialogs.empty());
         EXPECT_TRUE(gui.m_shapes.empty());
     } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST_F(OpeningTest, AnOpeningWithoutMemoryLeavesNoShapeWithADialogThatIsGone) {
+    // What the setting asks for is no part of this.
+    gui.m_setting = nullptr;
+    bool failed = true;
+    for (std::size_t at = 0; failed; ++at) {
+        CSimpleGUIDialog* parent = stored_dialog(0);
+        for (int number = 0; number < 3; ++number) stored_shape(parent, number);
+        {
+            const FailingAllocation failure(at);
+            gui.on_project_opened();
+            failed = failure.was_met();
+        }
+        for (CSimpleGUIShape* shape : gui.m_shapes) {
+            EXPECT_EQ(shape->m_parent_dialog != nullptr, parent->m_shapes.contains(shape));
+        }
+        engine.scene.delete_alone(parent->m_actor);
+        for (CSimpleGUIShape* shape : gui.m_shapes) EXPECT_EQ(shape->m_parent_dialog, nullptr);
+        engine.scene.clear();
+    }
 }
 
 TEST_F(OpeningTest, ADroppedShapeCanBeGivenToAnotherDialog) {

@@ -45,6 +45,20 @@ TEST_F(FrameTest, WhatFailsInOneDialogEndsThere) {
     EXPECT_EQ(engine.device.viewport.width, 800);
 }
 
+TEST_F(FrameTest, WithoutMemoryForASettingThereIsAPictureAllTheSame) {
+    button(true);
+    gui.prepare_run();
+    const std::size_t whole = engine.frame().size();
+    gui.m_setting = nullptr;
+    {
+        const FailingAllocation failure(0);
+        gui.init_3d_environment();
+        ASSERT_TRUE(failure.was_met());
+    }
+    ASSERT_EQ(gui.m_setting, nullptr);
+    EXPECT_EQ(engine.frame().size(), whole);
+}
+
 TEST_F(FrameTest, TextsTakeTheFontOfTheirSlot) {
     CSimpleGUIShape* subject = shape(dialog({0, 0, 100, 100}), {1, 2, 31, 22});
     subject->m_title = L"text";

@@ -3,6 +3,7 @@
 // A flat store of actors that form a tree by their parents.
 
 #include <memory>
+#include <new>
 #include <vector>
 
 #include "engine/engine_system.h"
@@ -14,7 +15,10 @@ public:
     CGuid get_id() const override { return id; }
     void set_id(const CGuid& value) override { id = value; }
     IActor* get_parent() const override { return parent; }
-    void set_parent(IActor* value) override { parent = value; }
+    void set_parent(IActor* value) override {
+        if (is_fixed) throw std::bad_alloc();
+        parent = value;
+    }
     IBaseItem* get_item() const override { return item.get(); }
     int get_flag() const override { return 0; }
     bool is_visible() const override { return visible; }
@@ -25,6 +29,8 @@ public:
     IActor* parent = nullptr;
     CMyComPtr<IBaseItem> item;
     bool visible = true;
+    /// There is no memory for another parent.
+    bool is_fixed = false;
 };
 
 class ScratchScene final : public CSceneManager {
