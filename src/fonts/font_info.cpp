@@ -100,13 +100,15 @@ LOGFONTW CGlobalFontInfo::get_logfont_by_font(IBaseFont* font) const {
     return found == m_logfont_by_font.end() || font == m_system->default_font ? m_default_logfont : found->second;
 }
 
-tstringW CGlobalFontInfo::get_fontpath_by_font(IBaseFont* font) const try {
-    const auto found = m_fontpath_by_font.find(font);
-    return found == m_fontpath_by_font.end() || font == m_system->default_font ? tstringW(default_font_name)
-                                                                               : found->second;
-} catch (...) {
-    keep_inside(L"get_fontpath_by_font");
-    return {};
+tstringW CGlobalFontInfo::get_fontpath_by_font(IBaseFont* font) const {
+    try {
+        const auto found = m_fontpath_by_font.find(font);
+        const bool is_default = found == m_fontpath_by_font.end() || font == m_system->default_font;
+        return is_default ? tstringW(default_font_name) : found->second;
+    } catch (...) {
+        keep_inside(L"get_fontpath_by_font");
+        return {};
+    }
 }
 
 IBaseFont* CGlobalFontInfo::font_of_slot(int slot) const {
