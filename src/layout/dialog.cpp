@@ -78,13 +78,16 @@ void CSimpleGUIDialog::update_offsets() {
     store_placement(*this, placement);
 }
 
-void CSimpleGUIDialog::update_rect() try {
+void CSimpleGUIDialog::update_rect() {
     m_rect = rect_from_placement(placement_of(*this), view_frame(*m_system), m_rect);
-    resize_shape_animnode_key();
-    m_last_rect = m_rect;
+    try {
+        resize_shape_animnode_key();
+        m_last_rect = m_rect;
+    } catch (...) {
+        // The next adjustment of the keys sees the whole difference; the shapes need no memory to go along.
+        keep_inside(L"dialog: update_rect");
+    }
     update_child_poses();
-} catch (...) {
-    keep_inside(L"dialog: update_rect");
 }
 
 void CSimpleGUIDialog::set_align_type(int align) {

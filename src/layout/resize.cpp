@@ -1,12 +1,20 @@
 // The whole layout follows the view.
 
+#include <optional>
+
 #include "animation/node_index.h"
 #include "module/boundary.h"
 #include "module/manager.h"
 
 void CSimpleGUIManager::on_size_changed(int, int) try {
-    // Each dialog looks for the nodes of its shapes; one index serves them all.
-    const NodeIndexInUse index(*this);
+    // Each dialog looks for the nodes of its shapes; one index serves them all. Without the memory for it the keys stay
+    // behind until the view changes again, but what is seen does not.
+    std::optional<NodeIndexInUse> index;
+    try {
+        index.emplace(*this);
+    } catch (...) {
+        keep_inside(L"on_size_changed: the keys");
+    }
     for (auto at = m_dialogs.rbegin(); at != m_dialogs.rend(); ++at) {
         if (*at) (*at)->update_rect();
     }

@@ -91,15 +91,19 @@ void CSimpleGUIShape::set_texture_mode(int mode) {
 
 void CSimpleGUIShape::change_parent_dialog(CSimpleGUIDialog* dialog) try {
     if (dialog == m_parent_dialog) return;
+    CSimpleGUIDialog* const former = m_parent_dialog;
     dialog->m_shapes.push_back(this);
+    if (former) former->m_shapes.remove(this);
+    m_parent_dialog = dialog;
     try {
         if (m_actor) m_actor->set_parent(dialog->m_actor);
     } catch (...) {
+        // Where the actor stays the shape stays too, on top. The place that it has left is still there.
         dialog->m_shapes.remove(this);
+        m_parent_dialog = former;
+        if (former) former->m_shapes.push_back(this);
         throw;
     }
-    if (m_parent_dialog) m_parent_dialog->m_shapes.remove(this);
-    m_parent_dialog = dialog;
     update_offsets();
     m_manager->get_system()->m_message_manager->send_msg(MSG_ACTOR_TREE_CHANGED, 0, 0, 0, 0, 0, 0);
 } catch (...) {

@@ -72,6 +72,33 @@ TEST_F(NodeTest, ARecordingWithoutMemoryForAKeySaysSo) {
     for (ITrack* track : node.get_tracklist()) EXPECT_EQ(track->get_key_count(), static_cast<int>(at) + 1);
 }
 
+TEST_F(NodeTest, AViewThatChangesWithoutMemoryKeepsItsLayoutAndGetsItsKeysLater) {
+    CSimpleGUIDialog* parent = dialog({0, 0, 400, 300});
+    parent->set_scale_mode(1);
+    CSimpleGUIShape* child = shape(parent, {0, 0, 200, 150});
+    child->set_scale_mode(1);
+    std::size_t at = 0;
+    for (bool failed = true; failed; ++at) {
+        // So many more that the index of the nodes has to grow.
+        for (const std::size_t all = nodes.size() * 2 + 1; nodes.size() < all;) node_of(child);
+        key<SGuiOffset>(*nodes.back(), TRACK_TYPE_OFFSET, 0).m_offset_percent = {0.5f, 0.5f};
+        {
+            const FailingAllocation failure(at);
+            engine.resize(1600, 1200);
+            failed = failure.was_met();
+        }
+        EXPECT_EQ(parent->m_rect, CRect(0, 0, 800, 600)) << "allocation " << at;
+        EXPECT_EQ(child->m_rect, CRect(0, 0, 400, 300)) << "allocation " << at;
+        EXPECT_EQ(gui.m_view_rect, CRect(0, 0, 1600, 1200)) << "allocation " << at;
+        // Not the size that the keys stand for already.
+        const int width = 1000 + 10 * static_cast<int>(at);
+        engine.resize(width, 800);
+        const auto& place = static_cast<SGuiOffset&>(*nodes.back()->get_track(TRACK_TYPE_OFFSET)->find_key(0));
+        EXPECT_EQ(place.m_offset.x, static_cast<float>(width) / 4) << "allocation " << at;
+    }
+    EXPECT_GT(at, 2u);
+}
+
 TEST_F(NodeTest, KeysDoNotDrift) {
     CSimpleGUIDialog* parent = dialog({100, 100, 333, 417});
     parent->set_scale_mode(1);
