@@ -74,11 +74,12 @@ bool Session::open(const std::string& path, ViewSize size, std::string& error) {
 
 // A GUI that is hidden stays so in this one state of the engine; a fresh project begins hidden and is shown by the
 // first frame in any other.
-void Session::begin_show() {
+bool Session::begin_show() {
     m_engine->m_system_state = 0;
-    m_engine->start_run();
-    m_engine->frame(host::now());
+    const bool runs = m_engine->start_run();
+    const bool whole = m_engine->frame(host::now());
     m_engine->m_system_state = SYSTEM_STATE_FOUR;
+    return runs && whole;
 }
 
 }  // namespace player

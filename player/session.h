@@ -42,7 +42,8 @@ public:
     /// Makes an empty project of that size and opens the file in it. Warnings go to the standard error.
     bool open(const std::string& path, ViewSize size, std::string& error);
     /// Starts the run and draws its first frame, which shows the GUI; from then on scripts can hide it.
-    void begin_show();
+    /// False where memory ran out: it does not run, or a part of the frame is missing.
+    bool begin_show();
 
 private:
     explicit Session(std::unique_ptr<host::SdlDevice> device);

@@ -112,6 +112,17 @@ SdlStream appending_stream(std::string& bytes) {
 
 }  // namespace
 
+namespace {
+
+// Where it runs out of memory the library says that all went well and has written a part or nothing.
+bool is_whole_png(const std::string& bytes) {
+    const std::span file(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    const auto head = picture_head(file);
+    return head && head->format == PictureFormat::PNG && is_whole(*head, file);
+}
+
+}  // namespace
+
 bool write_png(const std::string& path, std::vector<std::uint32_t>& argb, int width, std::string& error) {
     const int height = static_cast<int>(argb.size()) / width;
     const SdlSurface surface(SDL_CreateRGBSurfaceWithFormatFrom(
@@ -119,7 +130,7 @@ bool write_png(const std::string& path, std::vector<std::uint32_t>& argb, int wi
     std::string bytes;
     const SdlStream stream = appending_stream(bytes);
     error = "not enough memory";
-    const bool good = surface && stream && IMG_SavePNG_RW(surface.get(), stream.get(), 0) == 0 &&
+    const bool good = surface && stream && IMG_SavePNG_RW(surface.get(), stream.get(), 0) == 0 && is_whole_png(bytes) &&
                       replace_file(path, bytes, OldFile::GONE, error);
     if (!good) error = path + ": the picture could not be written: " + error;
     return good;
