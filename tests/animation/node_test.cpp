@@ -79,8 +79,8 @@ TEST_F(NodeTest, AViewThatChangesWithoutMemoryKeepsItsLayoutAndGetsItsKeysLater)
     child->set_scale_mode(1);
     std::size_t at = 0;
     for (bool failed = true; failed; ++at) {
-        // So many more that the index of the nodes has to grow.
-        for (const std::size_t all = nodes.size() * 2 + 1; nodes.size() < all;) node_of(child);
+        // So many more that the index of the nodes has to grow, whatever it has held before.
+        for (const std::size_t all = nodes.size() * 2 + 101; nodes.size() < all;) node_of(child);
         key<SGuiOffset>(*nodes.back(), TRACK_TYPE_OFFSET, 0).m_offset_percent = {0.5f, 0.5f};
         {
             const FailingAllocation failure(at);
