@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 #include <dlfcn.h>
+#include <ft2build.h>
 
 #include <atomic>
 #include <cstddef>
@@ -9,6 +10,7 @@
 #include <lua.hpp>
 #include <new>
 #include <pugixml.hpp>
+#include FT_MODULE_H
 
 namespace {
 
@@ -102,6 +104,20 @@ extern "C" lua_State* lua_newstate(lua_Alloc allocator, void* box) {
     lua_allocator = allocator;
     return next(&take_for_lua, box);
 }
+
+// So do the calls of the library that draws texts, which asks FreeType for one with the usual memory.
+extern "C" FT_Error FT_Init_FreeType(FT_Library* library) {
+    static FT_MemoryRec_ memory{
+        nullptr, [](FT_Memory, long size) { return take(static_cast<std::size_t>(size)); },
+        [](FT_Memory, void* block) { give_back(block); },
+        [](FT_Memory, long, long size, void* block) { return take_more(block, static_cast<std::size_t>(size)); }};
+    const FT_Error error = FT_New_Library(&memory, library);
+    if (error) return error;
+    FT_Add_Default_Modules(*library);
+    FT_Set_Default_Properties(*library);
+    return FT_Err_Ok;
+}
+extern "C" FT_Error FT_Done_FreeType(FT_Library library) { return FT_Done_Library(library); }
 
 void* operator new(std::size_t size) {
     for (;;) {

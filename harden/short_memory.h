@@ -1,7 +1,7 @@
 #pragma once
 
 // Stands between this program and its memory: the operator new of all its parts, and what the libraries under the host
-// ask for (SDL, pugixml, Lua). Counts, and makes a chosen one fail.
+// ask for (SDL, FreeType, pugixml, Lua). Counts, and makes a chosen one fail.
 
 namespace harden {
 

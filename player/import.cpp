@@ -79,7 +79,7 @@ int import(const ImportOptions& options) {
     const auto session = Session::start(host::SdlDevice::in_memory(), options.module, error);
     if (!session) return fail(error);
     host::Engine& engine = session->engine();
-    engine.new_project(options.size.width, options.size.height);
+    if (!engine.new_project(options.size.width, options.size.height)) return fail("out of memory");
     if (!engine.import_tree(*legacy, error)) return fail(error);
     host::ProjectDocument document = engine.document(options.out);
     if (!start_animations(document, options.start, error)) return fail(options.legacy + ": " + error);

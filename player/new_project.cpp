@@ -69,7 +69,7 @@ int create_project(const NewOptions& options) {
     const auto session = Session::start(host::SdlDevice::in_memory(), options.module, error);
     if (!session) return fail(error);
     // Through the module and back, so that the file holds every field that a saved project has.
-    session->engine().new_project(ViewSize().width, ViewSize().height);
+    if (!session->engine().new_project(ViewSize().width, ViewSize().height)) return fail("out of memory");
     host::ProjectDocument document = session->engine().document(options.file);
     add_first_items(document);
     if (!session->engine().open_document(document, options.file, error)) return fail(error);

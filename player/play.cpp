@@ -69,10 +69,7 @@ public:
     Player(Session& session, SDL_Window* window, const PlayOptions& options, scenario::Recorder* recorder)
         : m_session(session), m_window(window), m_options(options), m_recorder(recorder) {
         host::Engine& engine = session.engine();
-        engine.scripts().on_error = [this](const std::string& line) {
-            std::cerr << "sgui: script: " << line << '\n';
-            m_notice.show(line, Notice::TROUBLE);
-        };
+        engine.scripts().on_error = [this](const std::string& line) { tell_trouble("script: ", line); };
         engine.on_message = [this](const std::string& text) { m_notice.show(text, Notice::MESSAGE); };
         engine.draw_overlay = [this](host::Device& device, const render_context& context) {
             m_notice.draw(m_session.engine(), device, context.width, context.height);
@@ -80,8 +77,7 @@ public:
     }
 
     void run() {
-        m_session.begin_show();
-        if (m_recorder) m_recorder->began(m_options.project, host::now());
+        begin();
         for (int frame = 0; !m_quit && (m_options.frames == 0 || frame < m_options.frames); ++frame) {
             if (m_recorder) step_clock();
             m_session.engine().frame(host::now());
@@ -92,6 +88,16 @@ public:
     }
 
 private:
+    void tell_trouble(const char* where, const std::string& trouble) {
+        std::cerr << "sgui: " << where << trouble << '\n';
+        m_notice.show(trouble, Notice::TROUBLE);
+    }
+
+    void begin() {
+        if (!m_session.begin_show()) tell_trouble("", "out of memory: the show is not whole");
+        if (m_recorder) m_recorder->began(m_options.project, host::now());
+    }
+
     // A recording must be able to say each moment exactly, so its clock goes in whole milliseconds and stands between
     // a frame and the events behind it.
     void step_clock() {
@@ -153,15 +159,13 @@ private:
         if (engine.open_project(m_options.project, error)) {
             m_notice.show("Opened again: " + m_options.project, Notice::MESSAGE);
         } else {
-            std::cerr << "sgui: " << error << '\n';
-            m_notice.show(error, Notice::TROUBLE);
+            tell_trouble("", error);
         }
         int width = 0;
         int height = 0;
         SDL_GetWindowSize(m_window, &width, &height);
         engine.resize(width, height);
-        m_session.begin_show();
-        if (m_recorder) m_recorder->began(m_options.project, host::now());
+        begin();
     }
 
     Session& m_session;

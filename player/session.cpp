@@ -7,6 +7,7 @@
 #include "host/core/clock.h"
 #include "host/core/default_font.h"
 #include "host/core/legacy_file.h"
+#include "host/core/memory_watch.h"
 #include "host/core/project_file.h"
 #include "player/font_warnings.h"
 #include "player/libraries.h"
@@ -60,7 +61,7 @@ std::unique_ptr<Session> Session::start(std::unique_ptr<host::SdlDevice> device,
 
 bool Session::open(const std::string& path, ViewSize size, std::string& error) {
     const FontWarnings fonts;
-    m_engine->new_project(size.width, size.height);
+    if (!m_engine->new_project(size.width, size.height)) return host::out_of_memory(path, error);
     host::ProjectDocument document;
     if (!host::read_project(path, document, error) || !m_engine->open_document(document, path, error)) {
         error += advice_on(path);

@@ -2,6 +2,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <new>
 #include <utility>
 
 #include "host/core/clock.h"
@@ -72,10 +73,10 @@ public:
     void add(int frame, double seconds) {
         m_label = from_utf8(text_of(seconds));
         host::set_time(seconds);
-        m_session.engine().frame(seconds);
+        const bool is_whole = m_session.engine().frame(seconds);
         host::Picture view;
         view.argb = m_session.device().read_pixels();
-        if (view.argb.empty()) return;
+        if (!is_whole || view.argb.empty()) throw std::bad_alloc();
         view.width = static_cast<unsigned>(m_view.width);
         view.height = static_cast<unsigned>(m_view.height);
         const CRect whole(0, 0, m_grid.cell_width, m_grid.cell_height);
@@ -119,7 +120,7 @@ void play_up_to(host::Engine& engine, host::Animation& animation, double seconds
     for (double at = host::now() + step; at < seconds; at += step) {
         host::set_time(at);
         animation.seek(at);
-        engine.frame(at);
+        if (!engine.frame(at)) throw std::bad_alloc();
     }
     engine.draw_scene = scene;
     animation.seek(seconds);
@@ -147,7 +148,7 @@ int sheet(const SheetOptions& options) {
     // Seen as it is played, but alone.
     for (const auto& other : engine.animations().all()) other->starts_by_itself = false;
     animation->seek(0.0);
-    session->begin_show();
+    if (!session->begin_show()) return fail("out of memory");
     Sheet drawn(*session, options);
     const double length = std::isfinite(animation->info().length) ? std::max(animation->info().length, 0.0f) : 0.0;
     for (int frame = 0; frame < options.frames; ++frame) {

@@ -37,7 +37,6 @@ private:
     bool can_open() const;
 
     std::vector<std::uint8_t> m_image;
-    bool m_library_ready;
 };
 
 namespace host {

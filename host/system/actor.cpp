@@ -10,16 +10,12 @@ Actor::Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& i
 void Actor::set_name(const wchar_t* name, bool) {
     // Copied ahead of the change: the new name may be a part of the old one.
     tstringW copy = name ? name : L"";
-    m_scene.leave_indexes(*this);
-    m_name.swap(copy);
-    m_scene.enter_indexes(*this);
+    m_scene.change_key(*this, m_name, copy);
 }
 
 void Actor::set_id(const CGuid& id) {
-    const CGuid copy = id;
-    m_scene.leave_indexes(*this);
-    m_id = copy;
-    m_scene.enter_indexes(*this);
+    CGuid copy = id;
+    m_scene.change_key(*this, m_id, copy);
 }
 
 void Actor::set_parent(IActor* parent) {

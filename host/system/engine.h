@@ -133,6 +133,8 @@ private:
     static bool check_kinds(const ProjectDocument& document, const std::string& path, std::string& error);
     void clean_project();
     template <class Fill>
+    bool make_project(const std::string& path, Fill fill);
+    template <class Fill>
     bool replace_project(const std::string& path, std::string& error, Fill fill);
     void draw_frame(double seconds);
     void fill(const ProjectDocument& document, const std::string& path);

@@ -94,9 +94,10 @@ bool Engine::can_open(const std::string& path, std::string& error) const {
     return false;
 }
 
-// What is half opened must not stay: saved, it would take the place of the whole.
+// What is half opened must not stay: saved, it would take the place of the whole. False where memory ran out: then the
+// project is an empty one.
 template <class Fill>
-bool Engine::replace_project(const std::string& path, std::string& error, Fill fill) {
+bool Engine::make_project(const std::string& path, Fill fill) {
     const MemoryWatch watch;
     try {
         clean_project();
@@ -108,7 +109,22 @@ bool Engine::replace_project(const std::string& path, std::string& error, Fill f
     }
     set_project_path({});
     clean_project();
-    return out_of_memory(path, error);
+    return false;
+}
+
+// Modules hold one project, so the former must end ahead of the next; without memory for that it comes back as a save
+// of it would have.
+template <class Fill>
+bool Engine::replace_project(const std::string& path, std::string& error, Fill fill) {
+    const std::string former_path = to_utf8(project_file_path);
+    const ProjectDocument former = document(former_path);
+    const SceneLook former_look = look;
+    if (make_project(path, fill)) return true;
+    const bool came_back = make_project(former_path, [&] { this->fill(former, former_path); });
+    if (came_back) look = former_look;
+    out_of_memory(path, error);
+    if (!came_back) error += "; the project that was open had to be closed";
+    return false;
 }
 
 bool Engine::open_document(const ProjectDocument& document, const std::string& path, std::string& error) try {

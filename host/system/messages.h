@@ -28,7 +28,20 @@ public:
     std::function<void(const Message&)> hook;
 
 private:
+    /// While one lives, those that are removed leave their places empty.
+    class Walk {
+    public:
+        explicit Walk(MessageManager& manager) : m_manager(manager) { ++manager.m_walks; }
+        Walk(const Walk&) = delete;
+        Walk& operator=(const Walk&) = delete;
+        ~Walk();
+
+    private:
+        MessageManager& m_manager;
+    };
+
     std::vector<IMessageListener*> m_listeners;
+    int m_walks = 0;
 };
 
 }  // namespace host

@@ -112,26 +112,43 @@ void Scene::destroy_one(Actor& actor) {
 
 void Scene::remove(std::list<IActor*> actors) {
     actors.remove_if([this](IActor* actor) { return actor && !holds(actor); });
-    set_in_scene(actors, false);
+    for (IActor* named : actors) {
+        Actor* const actor = living(named);
+        if (!actor) continue;
+        m_by_name.remove(actor);
+        m_by_id.remove(actor);
+        actor->m_in_scene = false;
+        m_selection.forget(actor);
+    }
     tell(MSG_ACTORS_REMOVED, actors);
 }
 
+// Where memory runs out those ahead are back, and the modules know it.
 void Scene::restore(std::list<IActor*> actors) {
     actors.remove_if([this](IActor* actor) { return actor && !holds(actor); });
-    set_in_scene(actors, true);
+    auto at = actors.begin();
+    try {
+        for (; at != actors.end(); ++at) {
+            if (Actor* const actor = living(*at)) bring_back(*actor);
+        }
+    } catch (const std::bad_alloc&) {
+        actors.erase(at, actors.end());
+        tell(MSG_ACTORS_RESTORED, actors);
+        throw;
+    }
     tell(MSG_ACTORS_RESTORED, actors);
 }
 
-void Scene::set_in_scene(const std::list<IActor*>& actors, bool in_scene) {
-    for (IActor* named : actors) {
-        Actor* const known = living(named);
-        if (!known) continue;
-        Actor& actor = *known;
-        leave_indexes(actor);
-        actor.m_in_scene = in_scene;
-        enter_indexes(actor);
-        if (!in_scene) m_selection.forget(&actor);
+void Scene::bring_back(Actor& actor) {
+    if (actor.m_in_scene) return;
+    m_by_name.add(&actor);
+    try {
+        m_by_id.add(&actor);
+    } catch (const std::bad_alloc&) {
+        m_by_name.remove(&actor);
+        throw;
     }
+    actor.m_in_scene = true;
 }
 
 void Scene::tell(unsigned long id, std::list<IActor*>& actors) {

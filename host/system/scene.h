@@ -110,7 +110,22 @@ private:
     void leave_indexes(Actor& actor);
     void destroy_tree(IActor* actor);
     void destroy_one(Actor& actor);
-    void set_in_scene(const std::list<IActor*>& actors, bool in_scene);
+    void bring_back(Actor& actor);
+    /// Exchanges the actor's identifier or name for the value. Without memory for that nothing changes.
+    template <class Key>
+    void change_key(Actor& actor, Key& key, Key& value) {
+        leave_indexes(actor);
+        std::swap(key, value);
+        try {
+            enter_indexes(actor);
+        } catch (const std::bad_alloc&) {
+            leave_indexes(actor);
+            std::swap(key, value);
+            // What it had held is free again.
+            enter_indexes(actor);
+            throw;
+        }
+    }
     void tell(unsigned long id, std::list<IActor*>& actors);
     /// Behind the interface; null for what is no actor of this scene, of which nothing is touched.
     Actor* living(const IActor* actor) const;

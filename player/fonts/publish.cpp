@@ -12,6 +12,7 @@
 #include "fonts/font_info.h"
 #include "host/core/font_face.h"
 #include "host/core/log.h"
+#include "host/core/memory_watch.h"
 #include "host/core/native_path.h"
 #include "host/core/project_file.h"
 #include "host/core/recording_device.h"
@@ -95,8 +96,8 @@ public:
             error = module + ": not the module to publish with";
             return false;
         }
-        m_engine.new_project(1280, 720);
-        return m_engine.open_project(project, error);
+        return m_engine.new_project(1280, 720) ? m_engine.open_project(project, error)
+                                               : host::out_of_memory(project, error);
     }
 
     CGlobalFontInfo& table() { return *static_cast<CSimpleGUIManager*>(m_engine.module())->m_setting->m_font_info; }

@@ -12,8 +12,12 @@ namespace scenario {
 
 namespace {
 
-Results frame(Scenario& scenario, const Arguments&) {
-    scenario.engine.frame(host::now());
+void draw(Scenario& scenario, const Arguments& arguments) {
+    if (!scenario.engine.frame(host::now())) throw Failure(arguments.function() + ": out of memory");
+}
+
+Results frame(Scenario& scenario, const Arguments& arguments) {
+    draw(scenario, arguments);
     Value calls = Value::array();
     for (const host::DrawCall& call : scenario.device.calls())
         calls.push_back(
@@ -24,7 +28,7 @@ Results frame(Scenario& scenario, const Arguments&) {
 // Composed once, into the recording; the picture is made from that, so it can't differ from what host.frame tells.
 Results image(Scenario& scenario, const Arguments& arguments) {
     const auto path = arguments.get<std::string>(0, "path");
-    scenario.engine.frame(host::now());
+    draw(scenario, arguments);
     const auto screen = host::SdlDevice::in_memory();
     if (!screen) throw Failure(arguments.function() + ": no renderer could be made");
     const int width = scenario.device.view_width();

@@ -25,8 +25,8 @@ Results include(Scenario& scenario, const Arguments& arguments) {
 }
 
 Results make_new(Scenario& scenario, const Arguments& arguments) {
-    scenario.engine.new_project(arguments.get<int>(0, "w"), arguments.get<int>(1, "h"));
-    return {};
+    if (scenario.engine.new_project(arguments.get<int>(0, "w"), arguments.get<int>(1, "h"))) return {};
+    throw Failure(arguments.function() + ": out of memory");
 }
 
 Results clean(Scenario& scenario, const Arguments&) {
@@ -126,11 +126,11 @@ Results advance(Scenario&, const Arguments& arguments) {
     return {};
 }
 
-Results start(Scenario& scenario, const Arguments&) {
+Results start(Scenario& scenario, const Arguments& arguments) {
     if (scenario.engine.is_running())
         scenario.engine.module()->prepare_run();
-    else
-        scenario.engine.start_run();
+    else if (!scenario.engine.start_run())
+        throw Failure(arguments.function() + ": out of memory");
     return {};
 }
 

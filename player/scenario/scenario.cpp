@@ -26,7 +26,7 @@ Scenario::Scenario(host::LuaBox& lua_, const std::string& module_path)
     std::string error;
     if (!engine.load_module(module_path, error)) throw Failure(error);
     if (!dynamic_cast<CSimpleGUIManager*>(engine.module())) throw Failure(module_path + ": not the module to drive");
-    engine.new_project(first_width, first_height);
+    if (!engine.new_project(first_width, first_height)) throw Failure("out of memory");
     log.take();
 }
 

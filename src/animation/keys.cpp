@@ -69,6 +69,46 @@ VEC2 read_pair(pack_node* node, const char* key) {
     return value;
 }
 
+void save_values(pack_node* node, SGuiOffset& key) {
+    save_pair(node, "offset", key.m_offset);
+    save_pair(node, "offset_percent", key.m_offset_percent);
+}
+
+void read_values(pack_node* node, SGuiOffset& key) {
+    key.m_offset = read_pair(node, "offset");
+    key.m_offset_percent = read_pair(node, "offset_percent");
+}
+
+void save_values(pack_node* node, SGuiSize& key) {
+    save_pair(node, "size", key.m_size);
+    save_pair(node, "size_percent", key.m_size_percent);
+}
+
+void read_values(pack_node* node, SGuiSize& key) {
+    key.m_size = read_pair(node, "size");
+    key.m_size_percent = read_pair(node, "size_percent");
+}
+
+void save_values(pack_node* node, SGuiVisible& key) { node->add_property("visible", PAK_INT, &key.m_visible); }
+void read_values(pack_node* node, SGuiVisible& key) { node->get_property("visible", PAK_INT, &key.m_visible); }
+
+void save_values(pack_node* node, SGuiAlign& key) { node->add_property("align", PAK_INT, &key.m_align); }
+void read_values(pack_node* node, SGuiAlign& key) { node->get_property("align", PAK_INT, &key.m_align); }
+
+void save_values(pack_node* node, SGuiColor& key) {
+    VEC3 color = key.m_color;
+    node->add_property("color", PAK_VEC3, &color);
+    node->add_property("alpha", PAK_FLOAT, &key.m_color.w);
+}
+
+void read_values(pack_node* node, SGuiColor& key) {
+    VEC3 color;
+    float alpha = 0.0f;
+    read_value(node, "color", PAK_VEC3, &color);
+    read_value(node, "alpha", PAK_FLOAT, &alpha);
+    key.m_color = {color.x, color.y, color.z, alpha};
+}
+
 constexpr const char* time_key = "time";
 
 }  // namespace
@@ -96,71 +136,27 @@ void KeyWithFields<Key>::read_properties() try {
     keep_inside(L"key: read_properties");
 }
 
+void IKey::save_to_node(pack_node* node, const save_operation&) { node->add_property(time_key, PAK_FLOAT, &m_time); }
+void IKey::on_parse(pack_node* node, const load_operation&) { read_value(node, time_key, PAK_FLOAT, &m_time); }
+
+template <class Key>
+void KeyWithFields<Key>::save_to_node(pack_node* node, const save_operation& operation) try {
+    IKey::save_to_node(node, operation);
+    save_values(node, static_cast<Key&>(*this));
+} catch (...) {
+    keep_inside(L"key: save_to_node");
+}
+
+template <class Key>
+void KeyWithFields<Key>::on_parse(pack_node* node, const load_operation& operation) try {
+    IKey::on_parse(node, operation);
+    read_values(node, static_cast<Key&>(*this));
+} catch (...) {
+    keep_inside(L"key: on_parse");
+}
+
 template class KeyWithFields<SGuiOffset>;
 template class KeyWithFields<SGuiSize>;
 template class KeyWithFields<SGuiVisible>;
 template class KeyWithFields<SGuiAlign>;
 template class KeyWithFields<SGuiColor>;
-
-void IKey::save_to_node(pack_node* node, const save_operation&) { node->add_property(time_key, PAK_FLOAT, &m_time); }
-void IKey::on_parse(pack_node* node, const load_operation&) { read_value(node, time_key, PAK_FLOAT, &m_time); }
-
-void SGuiOffset::save_to_node(pack_node* node, const save_operation& operation) {
-    IKey::save_to_node(node, operation);
-    save_pair(node, "offset", m_offset);
-    save_pair(node, "offset_percent", m_offset_percent);
-}
-
-void SGuiOffset::on_parse(pack_node* node, const load_operation& operation) {
-    IKey::on_parse(node, operation);
-    m_offset = read_pair(node, "offset");
-    m_offset_percent = read_pair(node, "offset_percent");
-}
-
-void SGuiSize::save_to_node(pack_node* node, const save_operation& operation) {
-    IKey::save_to_node(node, operation);
-    save_pair(node, "size", m_size);
-    save_pair(node, "size_percent", m_size_percent);
-}
-
-void SGuiSize::on_parse(pack_node* node, const load_operation& operation) {
-    IKey::on_parse(node, operation);
-    m_size = read_pair(node, "size");
-    m_size_percent = read_pair(node, "size_percent");
-}
-
-void SGuiVisible::save_to_node(pack_node* node, const save_operation& operation) {
-    IKey::save_to_node(node, operation);
-    node->add_property("visible", PAK_INT, &m_visible);
-}
-
-void SGuiVisible::on_parse(pack_node* node, const load_operation& operation) {
-    IKey::on_parse(node, operation);
-    node->get_property("visible", PAK_INT, &m_visible);
-}
-
-void SGuiAlign::save_to_node(pack_node* node, const save_operation& operation) {
-    IKey::save_to_node(node, operation);
-    node->add_property("align", PAK_INT, &m_align);
-}
-
-void SGuiAlign::on_parse(pack_node* node, const load_operation& operation) {
-    IKey::on_parse(node, operation);
-    node->get_property("align", PAK_INT, &m_align);
-}
-
-void SGuiColor::save_to_node(pack_node* node, const save_operation& operation) {
-    IKey::save_to_node(node, operation);
-    VEC3 color = m_color;
-    node->add_property("color", PAK_VEC3, &color);
-    node->add_property("alpha", PAK_FLOAT, &m_color.w);
-}
-
-void SGuiColor::on_parse(pack_node* node, const load_operation& operation) {
-    IKey::on_parse(node, operation);
-    VEC3 color;
-    float alpha = 0.0f;
-    read_value(node, "color", PAK_VEC3, &color);
-    read_value(node, "alpha", PAK_FLOAT, &alpha);
-    m_color = {color.x, color.y, color.z, alpha};
-}

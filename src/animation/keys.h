@@ -13,14 +13,14 @@ public:
     void create_properties() override;
     void write_properties() override;
     void read_properties() override;
+    void save_to_node(pack_node* node, const save_operation& operation) override;
+    void on_parse(pack_node* node, const load_operation& operation) override;
 };
 
 /// A place: pixels from the anchor to the left top corner, or fractions of the frame.
 class SGuiOffset : public KeyWithFields<SGuiOffset> {
 public:
     explicit SGuiOffset(float time) : KeyWithFields(time) {}
-    void save_to_node(pack_node* node, const save_operation& operation) override;
-    void on_parse(pack_node* node, const load_operation& operation) override;
 
     VEC2 m_offset;
     VEC2 m_offset_percent;
@@ -30,8 +30,6 @@ public:
 class SGuiSize : public KeyWithFields<SGuiSize> {
 public:
     explicit SGuiSize(float time) : KeyWithFields(time) {}
-    void save_to_node(pack_node* node, const save_operation& operation) override;
-    void on_parse(pack_node* node, const load_operation& operation) override;
 
     VEC2 m_size;
     VEC2 m_size_percent;
@@ -40,8 +38,6 @@ public:
 class SGuiVisible : public KeyWithFields<SGuiVisible> {
 public:
     explicit SGuiVisible(float time) : KeyWithFields(time) {}
-    void save_to_node(pack_node* node, const save_operation& operation) override;
-    void on_parse(pack_node* node, const load_operation& operation) override;
 
     /// Not 0: visible.
     int m_visible = 0;
@@ -50,8 +46,6 @@ public:
 class SGuiAlign : public KeyWithFields<SGuiAlign> {
 public:
     explicit SGuiAlign(float time) : KeyWithFields(time) {}
-    void save_to_node(pack_node* node, const save_operation& operation) override;
-    void on_parse(pack_node* node, const load_operation& operation) override;
 
     /// 0 to 8: an anchor; 9: the scale mode.
     int m_align = 0;
@@ -60,8 +54,6 @@ public:
 class SGuiColor : public KeyWithFields<SGuiColor> {
 public:
     explicit SGuiColor(float time) : KeyWithFields(time) {}
-    void save_to_node(pack_node* node, const save_operation& operation) override;
-    void on_parse(pack_node* node, const load_operation& operation) override;
 
     VEC4 m_color;
 };

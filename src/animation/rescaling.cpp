@@ -216,6 +216,8 @@ void CSimpleGUIDialog::resize_shape_animnode_key() {
     if (m_rect.Width() == m_last_rect.Width() && m_rect.Height() == m_last_rect.Height()) return;
     if (m_manager->m_anim_nodes.empty()) return;
     const NodeIndexInUse index(*m_manager, true);
+    // No size that there is: should memory end on the way, those ahead go along again next time.
+    m_last_rect = {0, 0, -1, -1};
     index->each_node_of_shapes(
         *this, [](const CSimpleGUIShape& shape, CSimpleGUIAnimNode& node) { node.rescale_keys(shape.m_actor); });
 }

@@ -1,11 +1,11 @@
-#include <new>
-
+#include "module/boundary.h"
 #include "module/manager.h"
 
 void g_create_module(IBaseModule** out, XSystem* system) {
     try {
         *out = new CSimpleGUIManager(system);
-    } catch (const std::bad_alloc&) {
+    } catch (...) {
         *out = nullptr;
+        keep_inside(L"g_create_module");
     }
 }

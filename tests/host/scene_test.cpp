@@ -117,6 +117,44 @@ TEST_F(SceneTest, WithoutMemoryForItsPlaceAnActorStaysWhereItIs) {
     EXPECT_EQ(next->children(), std::list<Actor*>{moved});
 }
 
+// Of several of one name or identifier the earliest is found, which is what each change here is about.
+TEST_F(SceneTest, WithoutMemoryLookUpsStayAsTheyWere) {
+    Actor* const first = actor(L"taken");
+    const CGuid taken = first->get_id();
+    Actor* const other = actor(L"own");
+    const CGuid own = other->get_id();
+    const auto is_as_before = [&](bool is_present) {
+        return scene.search_actor_by_guid(own) == (is_present ? other : nullptr) && other->get_id() == own &&
+               scene.search_item_by_name(L"own", 1) == (is_present ? other->get_item() : nullptr) &&
+               scene.find_any(L"own") == other && scene.search_item_by_name(L"taken", 1) == first->get_item() &&
+               scene.search_actor_by_guid(taken) == first && other->is_in_scene() == is_present;
+    };
+    const std::function<void()> changes[] = {
+        [&] { other->set_name(L"taken", true); },
+        [&] { other->set_name(L"a name too long to be kept in place", true); },
+        [&] { other->set_id(taken); },
+        [&] { scene.restore({other}); },
+    };
+    for (const auto& change : changes) {
+        const bool is_restoring = &change == &changes[3];
+        if (is_restoring) scene.remove({other});
+        std::size_t failed = 0;
+        for (bool is_done = false; !is_done; failed += is_done ? 0 : 1) {
+            const FailingAllocation failure(failed);
+            try {
+                change();
+                is_done = true;
+            } catch (const std::bad_alloc&) {
+                EXPECT_TRUE(is_as_before(!is_restoring)) << &change - changes << ", allocation " << failed;
+            }
+        }
+        EXPECT_GT(failed, 0u);
+        other->set_name(L"own", true);
+        other->set_id(own);
+        EXPECT_TRUE(is_as_before(true)) << &change - changes;
+    }
+}
+
 TEST_F(SceneTest, AnItemThatIsHeldOutlivesItsActor) {
     Actor* const made = actor(L"a");
     const CMyComPtr<IBaseItem> held(made->get_item());
