@@ -10,6 +10,7 @@
 #include <lua.hpp>
 #include <new>
 #include <pugixml.hpp>
+#include <utility>
 #include FT_MODULE_H
 
 namespace {
@@ -118,6 +119,15 @@ extern "C" FT_Error FT_Init_FreeType(FT_Library* library) {
     return FT_Err_Ok;
 }
 extern "C" FT_Error FT_Done_FreeType(FT_Library library) { return FT_Done_Library(library); }
+
+// Without memory its hinter goes on with less, for as long as the font lives, and tells nobody; so it has memory here.
+extern "C" FT_Error FT_Load_Glyph(FT_Face face, FT_UInt glyph, FT_Int32 flags) {
+    static const auto next = reinterpret_cast<decltype(&FT_Load_Glyph)>(dlsym(RTLD_NEXT, "FT_Load_Glyph"));
+    const bool was_on = std::exchange(watch.is_on, false);
+    const FT_Error error = next(face, glyph, flags);
+    watch.is_on = was_on;
+    return error;
+}
 
 void* operator new(std::size_t size) {
     for (;;) {

@@ -17,6 +17,7 @@
 #include "host/core/default_font.h"
 #include "host/core/font_files.h"
 #include "host/core/log.h"
+#include "host/core/sdl_device.h"
 #include "module/manager.h"
 #include "module/setting.h"
 #include "scene/show.h"
@@ -66,16 +67,26 @@ struct Check {
     long handles;
 };
 
+struct Plan {
+    /// The rows begin with it.
+    std::string title;
+    int frames;
+    /// Times count where the machine has nothing else to do.
+    bool is_timed;
+    /// Of a new view, in pixels.
+    int width;
+    int height;
+};
+
 class Soak {
 public:
-    /// Times count where the machine has nothing else to do.
-    Soak(int frames, bool is_timed) : m_frames(frames), m_is_timed(is_timed) {
+    Soak(Plan plan, host::Device& screen) : m_plan(std::move(plan)), m_screen(screen), m_show(screen) {
         host::set_log_sink([](int, std::wstring_view) {});
         m_show.engine.scripts().on_error = [](const std::string&) {};
         m_show.engine.scripts().on_print = [](const std::string&) {};
         m_show.engine.on_message = [](const std::string&) {};
         host::list_font_files(m_fonts);
-        m_seconds.reserve(static_cast<std::size_t>(frames));
+        m_seconds.reserve(static_cast<std::size_t>(m_plan.frames));
         m_checks.reserve(checks);
     }
     ~Soak() { host::set_log_sink({}); }
@@ -84,8 +95,8 @@ public:
 
     void run() {
         warm_up();
-        for (int frame = 0; frame < m_frames; ++frame) {
-            if (frame % (m_frames / checks) == 0) check();
+        for (int frame = 0; frame < m_plan.frames; ++frame) {
+            if (frame % (m_plan.frames / checks) == 0) check();
             disturb();
             host::advance_time(1.0 / 60.0);
             const double begin = seconds_of_work();
@@ -96,15 +107,15 @@ public:
     }
 
     int report_all() const {
-        const std::string all = std::to_string(m_frames) + " frames, " + std::to_string(m_projects) + " projects, " +
-                                std::to_string(m_font_changes) + " fonts: ";
+        const std::string all = std::to_string(m_plan.frames) + " frames, " + std::to_string(m_projects) +
+                                " projects, " + std::to_string(m_font_changes) + " fonts: ";
         const long handles = m_checks.back().handles - m_checks.front().handles;
-        int failed = report("soak: handles", all + std::to_string(handles) + " more", "none", handles == 0);
+        int failed = report(m_plan.title + ": handles", all + std::to_string(handles) + " more", "none", handles == 0);
         // What sanitizers keep is more than all that is measured here.
         if (is_sanitized) return failed;
-        failed += report_growth("soak: resident memory", all, &Check::resident);
-        failed += report_growth("soak: heap in use", all, &Check::in_use);
-        return m_is_timed ? failed + report_times(all) : failed;
+        failed += report_growth(m_plan.title + ": resident memory", all, &Check::resident);
+        failed += report_growth(m_plan.title + ": heap in use", all, &Check::in_use);
+        return m_plan.is_timed ? failed + report_times(all) : failed;
     }
 
 private:
@@ -139,9 +150,11 @@ private:
     void check() {
         m_show.engine.stop_run();
         host::set_time(0.0);
-        m_show.engine.new_project(bench::crowd_width, bench::crowd_height);
+        m_show.engine.new_project(m_plan.width, m_plan.height);
         open(m_large);
         m_show.engine.start_run();
+        // What is kept of former frames is another thing each time.
+        m_screen.forget_unused();
         m_show.engine.frame(0.0);
         m_checks.push_back({resident_bytes(), bytes_in_use(), open_handles()});
     }
@@ -150,7 +163,7 @@ private:
         const int what = chance(1000);
         if (what < 2) change_project();
         if (what >= 2 && what < 6) change_font();
-        if (what >= 10 && what < 30) m_show.engine.resize(chance(3000), chance(2000));
+        if (what >= 10 && what < 30) m_show.engine.resize(chance(2 * m_plan.width), chance(2 * m_plan.height));
         if (what >= 100) return;
         send_input();
     }
@@ -160,8 +173,8 @@ private:
         constexpr host::InputKind kinds[] = {LEFT_DOWN,   LEFT_UP,   RIGHT_DOWN, RIGHT_UP, MIDDLE_DOWN,
                                              MIDDLE_UP,   WHEEL,     LEFT_CLICK, MOVE,     MOVE,
                                              LEFT_DOUBLE, CTRL_DOWN, CTRL_UP};
-        m_show.engine.mouse(kinds[chance(static_cast<int>(std::size(kinds)))], chance(bench::crowd_width),
-                            chance(bench::crowd_height));
+        m_show.engine.mouse(kinds[chance(static_cast<int>(std::size(kinds)))], chance(m_plan.width),
+                            chance(m_plan.height));
     }
 
     void change_project() {
@@ -184,7 +197,7 @@ private:
                 expect(engine.import_project(legacy_project, error), error);
                 break;
             case 4:
-                engine.new_project(bench::crowd_width, bench::crowd_height);
+                engine.new_project(m_plan.width, m_plan.height);
                 break;
             default:
                 expect(engine.save_project(m_folder.file("saved.sgui"), error), error);
@@ -206,7 +219,7 @@ private:
         table.change_font(record, 1 + chance(CGlobalFontInfo::slot_count), chance(2) == 0);
     }
 
-    int report_growth(const char* row, const std::string& all, long long Check::*bytes) const {
+    int report_growth(const std::string& row, const std::string& all, long long Check::*bytes) const {
         const auto less = [bytes](const Check& a, const Check& b) { return a.*bytes < b.*bytes; };
         const auto warm = m_checks.begin() + checks / 4;
         const long long before = (*std::max_element(m_checks.begin(), warm, less)).*bytes;
@@ -230,12 +243,12 @@ private:
         const double first = percentile_99(0.0, 0.25), last = percentile_99(0.75, 1.0);
         char figure[100];
         std::snprintf(figure, sizeof figure, "%.0f us of work in the first quarter, %.0f us in the last", first, last);
-        return report("soak: 99th percentile of a frame", all + figure, "at most 1.5 times the first",
+        return report(m_plan.title + ": 99th percentile of a frame", all + figure, "at most 1.5 times the first",
                       last <= 1.5 * first);
     }
 
-    int m_frames;
-    bool m_is_timed;
+    Plan m_plan;
+    host::Device& m_screen;
     bench::ScratchFolder m_folder;
     // Ahead of the show: of two engines in one program the later takes the module's items with it.
     std::string m_small = written({.shapes = 300, .scaled_dialogs = true}, m_folder.file("small.sgui"));
@@ -254,7 +267,18 @@ private:
 int main(int argc, char** argv) {
     const std::string much = argc > 1 ? argv[1] : "";
     const bool is_quick = much == "--quick";
-    Soak soak(is_quick ? 20'000 : much == "--long" ? 2'000'000 : 200'000, !is_quick);
-    soak.run();
-    return soak.report_all() == 0 ? 0 : 1;
+    const int frames = is_quick ? 20'000 : much == "--long" ? 2'000'000 : 200'000;
+    int failed = 0;
+    {
+        bench::NullDevice nowhere;
+        Soak soak({"soak", frames, !is_quick, bench::crowd_width, bench::crowd_height}, nowhere);
+        soak.run();
+        failed += soak.report_all();
+    }
+    // A tenth of the frames, small ones, take longer to draw than all of those to compose.
+    const auto screen = host::SdlDevice::in_memory();
+    Soak drawn({"soak, drawn", frames / 10, !is_quick, 240, 135}, *screen);
+    drawn.run();
+    failed += drawn.report_all();
+    return failed == 0 ? 0 : 1;
 }

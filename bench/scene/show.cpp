@@ -13,7 +13,7 @@ namespace bench {
 
 namespace fs = std::filesystem;
 
-Show::Show() : engine(device, host::default_font_path()) {
+Show::Show(host::Device& screen) : engine(screen, host::default_font_path()) {
     host::use_settable_time(0);
     engine.draw_scene = {};
     std::string error;

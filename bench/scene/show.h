@@ -13,7 +13,9 @@ namespace bench {
 class Show {
 public:
     /// An empty project.
-    Show();
+    Show() : Show(device) {}
+    /// The same on that device, which must outlive it; the null device is idle then.
+    explicit Show(host::Device& screen);
     /// The crowd, opened as a project that belongs to that path.
     explicit Show(const Crowd& crowd, const std::string& path = {});
 
