@@ -5,7 +5,7 @@
 namespace host {
 
 Actor::Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& id, const tstringW& name)
-    : m_scene(scene), m_item(item), m_type(item->get_type()), m_serial(serial), m_id(id), m_name(name) {}
+    : m_id(id), m_scene(scene), m_item(item), m_type(item->get_type()), m_serial(serial), m_name(name) {}
 
 void Actor::set_name(const wchar_t* name, bool) {
     // Copied ahead of the change: the new name may be a part of the old one.

@@ -41,16 +41,17 @@ public:
 
 private:
     friend class Scene;
-    // At the front, since each frame asks every actor for it.
+    // At the front, in one line of the processor's cache: each frame asks every actor whether it is visible, each
+    // look-up and each new view size for its identifier.
     bool m_visible = true;
     bool m_in_scene = true;
     int m_flag = 0;
+    CGuid m_id;
     Scene& m_scene;
     CMyComPtr<IBaseItem> m_item;
     // Kept apart from the item, since the index must be found again when the item is half destroyed.
     unsigned long m_type;
     std::uint64_t m_serial;
-    CGuid m_id;
     tstringW m_name;
     Actor* m_parent = nullptr;
     std::list<Actor*> m_children;

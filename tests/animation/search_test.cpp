@@ -143,13 +143,17 @@ TEST_F(Searches, FindTheNodesThatTheLookUpsFind) {
                 EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moved && resized->m_shapes.contains(moved));
             }
         }
-        for (SGuiOffset* key : keys) key->m_offset_percent = {-1, -1};
-        engine.resize(1600 + 800 * (trial % 2), 600);
-        for (std::size_t at = 0; at < nodes.size(); ++at) {
-            const bool moves_dialog = gui.get_dialog_by_guid(nodes[at]->get_internal_item_id()) != nullptr;
-            const CSimpleGUIShape* moved = gui.get_shape_by_guid(nodes[at]->get_internal_item_id());
-            const bool moves_shape = dialogs[0]->m_shapes.contains(moved) || dialogs[1]->m_shapes.contains(moved);
-            EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moves_dialog || moves_shape);
+        for (int resize = 0; resize < 5; ++resize) {
+            if (random() % 2 == 0) actors[random() % actors.size()]->set_id(any_id());
+            if (random() % 4 == 0) dialogs[3]->m_actor->set_id(any_id());
+            for (SGuiOffset* key : keys) key->m_offset_percent = {-1, -1};
+            engine.resize(1600 + 800 * ((trial + resize) % 2), 600);
+            for (std::size_t at = 0; at < nodes.size(); ++at) {
+                const bool moves_dialog = gui.get_dialog_by_guid(nodes[at]->get_internal_item_id()) != nullptr;
+                const CSimpleGUIShape* moved = gui.get_shape_by_guid(nodes[at]->get_internal_item_id());
+                const bool moves_shape = dialogs[0]->m_shapes.contains(moved) || dialogs[1]->m_shapes.contains(moved);
+                EXPECT_EQ(keys[at]->m_offset_percent.x != -1, moves_dialog || moves_shape) << resize;
+            }
         }
         for (CSimpleGUIDialog* gone : dialogs) engine.destroy(gone);
     }
