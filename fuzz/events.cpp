@@ -68,9 +68,9 @@ private:
         return list[m_chance.ConsumeIntegralInRange<std::size_t>(0, Count - 1)];
     }
     // Null for a gap in the list and for an empty one.
-    template <class List>
-    auto any_of(const List& list) -> decltype(list[0]) {
-        return list.empty() ? nullptr : list[m_chance.ConsumeIntegralInRange<std::size_t>(0, list.size() - 1)];
+    template <class Item>
+    Item* any_of(const ItemList<Item>& list) {
+        return list.empty() ? nullptr : list.begin()[number(0, static_cast<int>(list.size()) - 1)];
     }
 
     CRect rect() {

@@ -77,7 +77,8 @@ CSimpleGUIAnimNode& node_of(const Scenario& scenario, const Value& name, const s
         read_value(name, what, place);
         if (place < 1 || static_cast<std::size_t>(place) > nodes.size())
             throw Failure(what + ": there is no node " + std::to_string(place) + " of " + std::to_string(nodes.size()));
-        return *nodes[static_cast<std::size_t>(place - 1)];
+        for (CSimpleGUIAnimNode* node : nodes)
+            if (node && --place == 0) return *node;
     }
     const CGuid id = id_of(scenario, name, what);
     for (CSimpleGUIAnimNode* node : nodes)

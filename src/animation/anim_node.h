@@ -2,6 +2,7 @@
 
 #include "animation/near_keys.h"
 #include "engine/engine_system.h"
+#include "layout/item_list.h"
 
 class CSimpleGUIManager;
 
@@ -39,6 +40,7 @@ public:
     ITrack* m_align_track = nullptr;
     ITrack* m_color_track = nullptr;
     CSimpleGUIManager* m_manager;
+    ListPlaces m_list_places;
 
 private:
     struct StepKeys {

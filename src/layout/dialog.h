@@ -43,7 +43,7 @@ public:
     void render_in_view();
 
     /// Of this dialog, in drawing order: the back lies on top. Owns nothing.
-    ItemList<CSimpleGUIShape> m_shapes;
+    ItemList<CSimpleGUIShape> m_shapes{1};
     CSimpleGUIManager* m_manager;
     XSystem* m_system;
     /// In view pixels. Sizes may be 0 or negative: scripts may store any rectangle.
@@ -68,6 +68,7 @@ public:
     CRect m_last_rect;
     /// A shape names this dialog as its parent without standing in m_shapes: its order number was taken.
     bool m_has_unlisted_shapes = false;
+    ListPlaces m_list_places;
 
 private:
     void render_shape_texture(CSimpleGUIShape* shape);

@@ -1,8 +1,9 @@
 #pragma once
 
-// The list in which the manager and the dialogs keep their items. It owns nothing, may hold nulls, and can be walked
-// while a script changes it under the walk: what is taken out is not visited any more, what is put in is not visited
-// in that walk, and nothing is skipped or visited twice.
+// The list in which the manager and the dialogs keep their items. It owns nothing, and can be walked while a script
+// changes it under the walk: what is taken out is not visited any more, what is put in is not visited in that walk, and
+// nothing is skipped or visited twice. Nothing that is done to one item costs more the more items there are: each knows
+// where it stands, and one that goes from a long list leaves its place empty until half of all are.
 
 #include <algorithm>
 #include <cstddef>
@@ -12,6 +13,12 @@
 
 #include "layout/item_walk.h"
 
+/// Where an item stands in lists, kept by them in the item: a hint each, which is looked at before it counts.
+struct ListPlaces {
+    std::uint32_t hints[2] = {};
+};
+
+/// Items have `ListPlaces m_list_places`.
 template <class T>
 class ItemList {
 public:
@@ -22,16 +29,19 @@ public:
         enum Direction { FRONT_TO_BACK, BACK_TO_FRONT };
 
         Walk(ItemList& list, Direction direction) : m_list(&list), m_direction(direction) {
+            m_walk.begin = list.m_front;
             m_walk.end = list.m_items.size();
             list.m_walks.enter(m_walk);
         }
         ~Walk() {
-            if (m_walk.has_list) m_list->m_walks.leave(m_walk);
+            if (!m_walk.has_list) return;
+            m_list->m_walks.leave(m_walk);
+            m_list->tidy();
         }
         Walk(const Walk&) = delete;
         Walk& operator=(const Walk&) = delete;
 
-        /// The next item, which may be null. False when there is none left.
+        /// The next item, or null where one was taken out. False when there is none left.
         bool next(T*& item) {
             if (m_walk.begin >= m_walk.end) return false;
             item = m_list->m_items[m_direction == FRONT_TO_BACK ? m_walk.begin++ : --m_walk.end];
@@ -50,11 +60,13 @@ public:
         Direction m_direction;
     };
 
-    ItemList() = default;
+    /// Of the lists that may hold one item at a time each has another number, 0 or 1.
+    explicit ItemList(std::size_t number = 0) : m_number(number) {}
     /// Copies the entries; walks stay with the list that they began on.
-    ItemList(const ItemList& other) : m_items(other.m_items) {}
+    ItemList(const ItemList& other)
+        : m_number(other.m_number), m_items(other.m_items), m_front(other.m_front), m_gaps(other.m_gaps) {}
     ItemList& operator=(const ItemList& other) {
-        if (this != &other) assign(other.m_items);
+        if (this != &other) assign(std::vector<T*>(other.m_items));
         return *this;
     }
     ~ItemList() = default;
@@ -64,51 +76,114 @@ public:
     /// Something that others know of the items has changed.
     void touch() { m_revision = ++revisions; }
 
-    bool empty() const { return m_items.empty(); }
-    std::size_t size() const { return m_items.size(); }
-    T* operator[](std::size_t index) const { return m_items[index]; }
-    T* front() const { return m_items.front(); }
-    T* back() const { return m_items.back(); }
+    bool empty() const { return size() == 0; }
+    std::size_t size() const { return m_items.size() - m_front - m_gaps; }
+    /// Null if there is none.
+    T* front() const { return first_item(begin(), end()); }
+    T* back() const { return first_item(rbegin(), rend()); }
 
-    /// Plain iteration, for passes in which nothing can change the list.
-    auto begin() const { return m_items.begin(); }
+    /// Plain iteration, for passes in which nothing can change the list. Gives null where an item was taken out.
+    auto begin() const { return m_items.begin() + static_cast<std::ptrdiff_t>(m_front); }
     auto end() const { return m_items.end(); }
     auto rbegin() const { return m_items.rbegin(); }
-    auto rend() const { return m_items.rend(); }
+    auto rend() const { return m_items.rend() - static_cast<std::ptrdiff_t>(m_front); }
 
-    bool contains(const T* item) const { return std::find(m_items.begin(), m_items.end(), item) != m_items.end(); }
+    /// The item need not be alive.
+    bool contains(const T* item) const { return item && std::find(begin(), end(), item) != end(); }
 
+    /// Null is passed over.
     void push_back(T* item) {
-        touch();
+        if (!item) return;
         m_items.push_back(item);
+        touch();
+        note_place(m_items.size() - 1);
     }
     void push_front(T* item) {
+        if (!item) return;
+        if (m_front == 0) make_room_at_front();
         touch();
-        m_items.insert(m_items.begin(), item);
-        m_walks.inserted_at_front();
+        m_items[--m_front] = item;
+        note_place(m_front);
     }
 
-    /// Takes the item out, wherever it stands. Looks from the back, where the items made last go first.
+    /// Takes the item out, wherever it stands. Asks for no memory.
     void remove(const T* item) {
-        const auto found = std::find(m_items.rbegin(), m_items.rend(), item);
-        if (found == m_items.rend()) return;
+        const std::size_t place = item ? place_of(*item) : m_items.size();
+        if (place == m_items.size()) return;
         touch();
-        const auto place = m_items.erase(std::next(found).base()) - m_items.begin();
-        m_walks.removed(static_cast<std::size_t>(place));
+        m_items[place] = nullptr;
+        ++m_gaps;
+        tidy();
     }
 
     /// Replaces all entries. Walks end.
     void assign(std::vector<T*> items) {
         touch();
         m_items = std::move(items);
+        m_front = 0;
         m_walks.end_all();
+        close_gaps();
     }
     void clear() { assign({}); }
 
 private:
     static inline std::uint64_t revisions = 0;
+    static constexpr std::size_t few = 32;
 
+    template <class Iterator>
+    static T* first_item(Iterator at, Iterator end) {
+        const auto found = std::find_if(at, end, [](const T* item) { return item != nullptr; });
+        return found == end ? nullptr : *found;
+    }
+
+    void note_place(std::size_t place) {
+        m_items[place]->m_list_places.hints[m_number] = static_cast<std::uint32_t>(place);
+    }
+
+    // The number of all places for an item that is not here. Looks from the back where the hint is of no use.
+    std::size_t place_of(const T& item) const {
+        const std::size_t hint = item.m_list_places.hints[m_number];
+        if (hint < m_items.size() && m_items[hint] == &item) return hint;
+        for (std::size_t place = m_items.size(); place > m_front; --place) {
+            if (m_items[place - 1] == &item) return place - 1;
+        }
+        return m_items.size();
+    }
+
+    // Closing them each time costs more than it saves only in a long list.
+    void tidy() {
+        const bool is_short = m_items.size() - m_front <= few;
+        if (m_gaps > 0 && (is_short || m_gaps > size()) && m_walks.none()) close_gaps();
+    }
+
+    // There is no walk.
+    void close_gaps() {
+        std::size_t to = m_front;
+        for (std::size_t from = m_front; from < m_items.size(); ++from) {
+            if (!m_items[from]) continue;
+            m_items[to] = m_items[from];
+            note_place(to++);
+        }
+        m_items.resize(to);
+        m_gaps = 0;
+    }
+
+    // As much as there are items, so that it happens seldom.
+    void make_room_at_front() {
+        const std::size_t room = size() + few;
+        m_items.insert(m_items.begin(), room, nullptr);
+        m_front = room;
+        m_walks.moved_back(room);
+        for (std::size_t place = m_front; place < m_items.size(); ++place) {
+            if (m_items[place]) note_place(place);
+        }
+    }
+
+    std::size_t m_number;
+    // Null where there is no item: ahead of the front, and in the gaps behind it.
     std::vector<T*> m_items;
+    std::size_t m_front = 0;
+    std::size_t m_gaps = 0;
     ItemWalks m_walks;
     std::uint64_t m_revision = ++revisions;
 };

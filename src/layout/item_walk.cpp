@@ -14,17 +14,10 @@ void ItemWalks::leave(ItemWalk& walk) {
     if (walk.has_list) m_innermost = walk.outer;
 }
 
-void ItemWalks::inserted_at_front() {
+void ItemWalks::moved_back(std::size_t places) {
     for (ItemWalk* walk = m_innermost; walk; walk = walk->outer) {
-        ++walk->begin;
-        ++walk->end;
-    }
-}
-
-void ItemWalks::removed(std::size_t place) {
-    for (ItemWalk* walk = m_innermost; walk; walk = walk->outer) {
-        if (place < walk->begin) --walk->begin;
-        if (place < walk->end) --walk->end;
+        walk->begin += places;
+        walk->end += places;
     }
 }
 

@@ -24,8 +24,9 @@ public:
     /// Walks leave in the reverse order of their entering.
     void leave(ItemWalk& walk);
 
-    void inserted_at_front();
-    void removed(std::size_t place);
+    bool none() const { return !m_innermost; }
+    /// All entries stand so many places further back.
+    void moved_back(std::size_t places);
     /// Nothing is left to visit for any of them.
     void end_all();
 

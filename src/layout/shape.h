@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/engine_system.h"
+#include "layout/item_list.h"
 
 class CSimpleGUIDialog;
 class CSimpleGUIManager;
@@ -98,4 +99,5 @@ public:
     int m_is_usable = 1;
     /// Set by the legacy import for a panel with transparency. Not stored.
     bool m_primary_import = false;
+    ListPlaces m_list_places;
 };

@@ -121,7 +121,7 @@ private:
     GUI_LOCAL bool frame_size_of(IActor* actor, VEC2& size) const;
 
     /// Dialogs whose order number was taken: in the scene, but not in m_dialogs.
-    ItemList<CSimpleGUIDialog> m_unlisted_dialogs;
+    ItemList<CSimpleGUIDialog> m_unlisted_dialogs{1};
 
     void render_all_formal_content(const render_context& context);
     GUI_LOCAL void render_dialogs();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "animation/anim_node.h"
 #include "fonts/font_info.h"
 #include "layout/rounding.h"
 #include "layout/shape.h"
@@ -124,7 +125,9 @@ void CSimpleGUIManager::on_project_opened() try {
     if (!restore_order()) return;
     align_keys_of_opened_project();
     m_scene_rect = m_view_rect;
-    for (CSimpleGUIDialog* dialog : m_dialogs) dialog->m_last_rect = dialog->m_rect;
+    for (CSimpleGUIDialog* dialog : m_dialogs) {
+        if (dialog) dialog->m_last_rect = dialog->m_rect;
+    }
 } catch (...) {
     keep_inside(L"on_project_opened");
 }

@@ -8,12 +8,15 @@
 
 namespace {
 
-using List = ItemList<int>;
+struct Item {
+    ListPlaces m_list_places;
+};
+using List = ItemList<Item>;
 using Direction = List::Walk::Direction;
 
 // The plain model: entries know whether they are still to be visited, and nothing counts places.
 struct Entry {
-    int* item;
+    Item* item;
     bool pending;
 };
 
@@ -21,28 +24,41 @@ struct Entry {
 class RandomWalk {
 public:
     RandomWalk(unsigned seed, Direction direction) : m_random(seed), m_direction(direction) {
-        for (int count = pick(8); count > 0; --count) add(true, pick(2) == 0);
+        for (int count = pick(pick(4) ? 8 : 100); count > 0; --count) add(true, pick(2) == 0);
     }
 
     void run() {
         List::Walk walk(m_list, m_direction);
         const auto inner = pick(2) ? std::make_unique<List::Walk>(m_list, Direction::FRONT_TO_BACK) : nullptr;
-        int* item = nullptr;
+        Item* item = nullptr;
         while (walk.next(item)) {
+            if (!item) continue;
             const auto expected = next_pending();
             ASSERT_NE(expected, m_model.end());
             ASSERT_EQ(item, expected->item);
             expected->pending = false;
-            for (int changes = pick(4); changes > 0; --changes) change(item);
+            for (int changes = pick(pick(4) ? 4 : 40); changes > 0; --changes) change(item);
         }
         ASSERT_EQ(next_pending(), m_model.end());
         ASSERT_EQ(m_list.size(), m_model.size());
-        std::size_t place = 0;
-        for (const Entry& entry : m_model) ASSERT_EQ(m_list[place++], entry.item);
+        std::vector<Item*> expected;
+        for (const Entry& entry : m_model) expected.push_back(entry.item);
+        ASSERT_EQ(without_gaps(m_list.begin(), m_list.end()), expected);
+        std::reverse(expected.begin(), expected.end());
+        ASSERT_EQ(without_gaps(m_list.rbegin(), m_list.rend()), expected);
+        ASSERT_EQ(m_list.back(), expected.empty() ? nullptr : expected.front());
+        ASSERT_EQ(m_list.front(), expected.empty() ? nullptr : expected.back());
     }
 
 private:
     int pick(int below) { return static_cast<int>(m_random() % static_cast<unsigned>(below)); }
+
+    template <class Iterator>
+    static std::vector<Item*> without_gaps(Iterator at, Iterator end) {
+        std::vector<Item*> items(at, end);
+        std::erase(items, nullptr);
+        return items;
+    }
 
     std::list<Entry>::iterator next_pending() {
         auto found = m_model.end();
@@ -55,13 +71,16 @@ private:
     }
 
     void add(bool pending, bool front) {
-        m_items.push_back(std::make_unique<int>(0));
-        int* item = m_items.back().get();
+        m_items.push_back(std::make_unique<Item>());
+        put(m_items.back().get(), pending, front);
+    }
+
+    void put(Item* item, bool pending, bool front) {
         front ? m_list.push_front(item) : m_list.push_back(item);
         m_model.insert(front ? m_model.begin() : m_model.end(), {item, pending});
     }
 
-    void change(const int* current) {
+    void change(const Item* current) {
         switch (pick(8)) {
             case 0:
                 return add(false, true);
@@ -76,12 +95,16 @@ private:
                 }
                 return;
             default:
-                if (!m_items.empty())
-                    remove(m_items[static_cast<std::size_t>(pick(static_cast<int>(m_items.size())))].get());
+                if (m_items.empty()) return;
+                Item* const any = m_items[static_cast<std::size_t>(pick(static_cast<int>(m_items.size())))].get();
+                // Those that are in other lists too know their places there instead.
+                if (pick(4) == 0) any->m_list_places.hints[0] = static_cast<std::uint32_t>(pick(200));
+                remove(any);
+                if (pick(3) == 0) put(any, false, pick(2) == 0);
         }
     }
 
-    void remove(const int* item) {
+    void remove(const Item* item) {
         m_list.remove(item);
         m_model.remove_if([&](const Entry& entry) { return entry.item == item; });
     }
@@ -90,7 +113,7 @@ private:
     Direction m_direction;
     List m_list;
     std::list<Entry> m_model;
-    std::vector<std::unique_ptr<int>> m_items;
+    std::vector<std::unique_ptr<Item>> m_items;
 };
 
 }  // namespace
@@ -106,24 +129,24 @@ TEST(ItemList, WalkVisitsEachItemOnceWhateverChangesOnTheWay) {
 
 TEST(ItemList, WalkSurvivesItsList) {
     auto list = std::make_unique<List>();
-    int a = 0;
+    Item a;
     list->push_back(&a);
     List::Walk outer(*list, Direction::BACK_TO_FRONT);
     List::Walk inner(*list, Direction::FRONT_TO_BACK);
     list.reset();
-    int* item = nullptr;
+    Item* item = nullptr;
     EXPECT_FALSE(outer.next(item));
     EXPECT_FALSE(inner.next(item));
 }
 
 TEST(ItemList, CopyTakesTheItemsAndLeavesTheWalks) {
-    int a = 0;
-    int b = 0;
+    Item a;
+    Item b;
     List list;
     list.push_back(&a);
     list.push_back(&b);
     List::Walk walk(list, Direction::FRONT_TO_BACK);
-    int* item = nullptr;
+    Item* item = nullptr;
     {
         List copy(list);
         copy.clear();

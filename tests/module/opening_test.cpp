@@ -22,7 +22,9 @@ protected:
     }
     template <class T>
     static std::vector<T*> items(const ItemList<T>& list) {
-        return {list.begin(), list.end()};
+        std::vector<T*> all(list.begin(), list.end());
+        std::erase(all, nullptr);
+        return all;
     }
 };
 using Dialogs = std::vector<CSimpleGUIDialog*>;
