@@ -54,7 +54,7 @@ long long resident_bytes() {
 /// Handed out by malloc and not given back.
 long long bytes_in_use() {
     const struct mallinfo2 heap = mallinfo2();
-    return static_cast<long long>(heap.uordblks + heap.hblkhd);
+    return static_cast<long long>(heap.uordblks) + static_cast<long long>(heap.hblkhd);
 }
 
 /// Files, pipes and all else with a number.
