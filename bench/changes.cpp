@@ -33,6 +33,7 @@ void delete_all(benchmark::State& state, bool in_one_dialog, Order order) {
     for (auto _ : state) {
         if (!show.engine.open_document(document, {}, error)) return state.SkipWithError(error.c_str());
         std::vector<IActor*> actors;
+        actors.reserve(numbers.size());
         for (int number : numbers) actors.push_back(scene.search_actor_by_guid(bench::crowd_shape_id(number)));
         state.SetIterationTime(bench::seconds_of([&] {
             for (IActor* actor : actors) scene.delete_actor(actor);
