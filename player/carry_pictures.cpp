@@ -38,7 +38,9 @@ const T* value_of(const host::ProjectNode& node, const char* key) {
     return value ? std::get_if<T>(value) : nullptr;
 }
 
-class Carrier {
+}  // namespace
+
+class CarriedPictures::Carrier {
 public:
     explicit Carrier(const std::string& project) {
         const fs::path path = host::native_path(from_utf8(project));
@@ -84,17 +86,15 @@ private:
     std::map<fs::path, fs::path> m_copies;
 };
 
-}  // namespace
+CarriedPictures::CarriedPictures(const std::string& project, host::ProjectParts& next)
+    : m_carrier(std::make_unique<Carrier>(project)), m_next(next) {}
+CarriedPictures::~CarriedPictures() = default;
 
-std::optional<std::size_t> carry_pictures(host::ProjectDocument& document, const std::string& project,
-                                          std::string& error) try {
-    Carrier carrier(project);
-    for (host::ProjectItem& item : document.items) carrier.carry(item.data);
-    return carrier.count();
-} catch (const fs::filesystem_error& failure) {
-    const fs::path& at = failure.path2().empty() ? failure.path1() : failure.path2();
-    error = utf8(at) + ": the pictures can't be copied there: " + failure.code().message();
-    return std::nullopt;
+void CarriedPictures::add_item(host::ProjectItem& item) {
+    m_carrier->carry(item.data);
+    m_next.add_item(item);
 }
+
+std::size_t CarriedPictures::count() const { return m_carrier->count(); }
 
 }  // namespace player

@@ -1,18 +1,36 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "host/core/project_document.h"
 
 namespace player {
 
-/// Copies the pictures that lie outside of the project's folder into the folder of pictures beside it,
-/// PROJECT_textures, and lets the document name the copies, so that the project can be carried elsewhere. No file is
-/// overwritten: a name that another picture has gets a number. Gives how many there are beside it now; empty, with
-/// `error` set, where one can't be copied.
-std::optional<std::size_t> carry_pictures(host::ProjectDocument& document, const std::string& project,
-                                          std::string& error);
+/// Stands ahead of a save. Copies the pictures that lie outside of the project's folder into the folder of pictures
+/// beside it, PROJECT_textures, and lets the items name the copies, so that the project can be carried elsewhere. No
+/// file is overwritten: a name that another picture has gets a number. Throws std::filesystem::filesystem_error where
+/// one can't be copied.
+class CarriedPictures final : public host::ProjectParts {
+public:
+    /// `next` takes each part, and outlives this.
+    CarriedPictures(const std::string& project, host::ProjectParts& next);
+    ~CarriedPictures();
+    CarriedPictures(const CarriedPictures&) = delete;
+    CarriedPictures& operator=(const CarriedPictures&) = delete;
+
+    void add_modules(host::ProjectNode& modules) override { m_next.add_modules(modules); }
+    void add_item(host::ProjectItem& item) override;
+    void add_animation(host::ProjectAnimation& animation) override { m_next.add_animation(animation); }
+
+    /// How many there are beside the project now.
+    std::size_t count() const;
+
+private:
+    class Carrier;
+    std::unique_ptr<Carrier> m_carrier;
+    host::ProjectParts& m_next;
+};
 
 }  // namespace player

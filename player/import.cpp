@@ -1,9 +1,10 @@
 #include <filesystem>
 #include <iostream>
+#include <optional>
 
 #include "engine/numbers.h"
 #include "host/core/legacy_file.h"
-#include "host/core/project_file.h"
+#include "host/core/project_save.h"
 #include "host/core/text_conversion.h"
 #include "player/carry_pictures.h"
 #include "player/commands.h"
@@ -34,30 +35,45 @@ std::string what_was_made(host::Engine& engine) {
 }
 
 // "one", "two"; all animations, or those alone that start by nothing yet.
-std::string listed(const host::ProjectDocument& document, bool all) {
+std::string listed(host::Engine& engine, bool all) {
     std::string names;
-    for (const host::ProjectAnimation& animation : document.animations) {
-        if (!all && animation.starts_by_itself) continue;
-        names += (names.empty() ? "\"" : ", \"") + to_utf8(animation.name) + "\"";
+    for (const auto& animation : engine.animations().all()) {
+        if (!all && animation->starts_by_itself) continue;
+        names += (names.empty() ? "\"" : ", \"") + to_utf8(animation->name()) + "\"";
     }
     return names;
 }
 
 // Old files say nothing of what starts an animation, so whoever brings one over may.
-bool start_animations(host::ProjectDocument& document, const std::vector<std::string>& names, std::string& error) {
+bool start_animations(host::Engine& engine, const std::vector<std::string>& names, std::string& error) {
     for (const std::string& name : names) {
         bool is_found = false;
-        for (host::ProjectAnimation& animation : document.animations) {
-            if (to_utf8(animation.name) != name) continue;
-            animation.starts_by_itself = is_found = true;
+        for (const auto& animation : engine.animations().all()) {
+            if (to_utf8(animation->name()) != name) continue;
+            animation->starts_by_itself = is_found = true;
         }
         if (is_found) continue;
-        const std::string known = listed(document, true);
+        const std::string known = listed(engine, true);
         error = "there is no animation \"" + name + "\" to start (there " +
                 (known.empty() ? "are none" : "are " + known) + ")";
         return false;
     }
     return true;
+}
+
+// Part by part, for a small old file can stand for a large new one. Gives how many pictures came along.
+std::optional<std::size_t> save_with_pictures(host::Engine& engine, const std::string& path, std::string& error) try {
+    host::ProjectSave save(engine.scene().size());
+    CarriedPictures pictures(path, save);
+    engine.save_parts(path, pictures);
+    if (!save.write(path, error)) return std::nullopt;
+    return pictures.count();
+} catch (const std::filesystem::filesystem_error& failure) {
+    const std::filesystem::path& at = failure.path2().empty() ? failure.path1() : failure.path2();
+    const std::u8string place = at.generic_u8string();
+    error =
+        std::string(place.begin(), place.end()) + ": the pictures can't be copied there: " + failure.code().message();
+    return std::nullopt;
 }
 
 void print(const std::string& file, const Finding& finding) {
@@ -81,14 +97,13 @@ int import(const ImportOptions& options) {
     host::Engine& engine = session->engine();
     if (!engine.new_project(options.size.width, options.size.height)) return fail("out of memory");
     if (!engine.import_tree(*legacy, error)) return fail(error);
-    host::ProjectDocument document = engine.document(options.out);
-    if (!start_animations(document, options.start, error)) return fail(options.legacy + ": " + error);
-    const std::optional<std::size_t> carried = carry_pictures(document, options.out, error);
-    if (!carried || !host::write_project(options.out, document, error)) return fail(error);
+    if (!start_animations(engine, options.start, error)) return fail(options.legacy + ": " + error);
+    const std::optional<std::size_t> carried = save_with_pictures(engine, options.out, error);
+    if (!carried) return fail(error);
 
     std::cout << options.out << ": " << what_was_made(engine) << '\n';
     if (*carried > 0) std::cout << counted(*carried, "picture", "pictures") << " copied beside it\n";
-    const std::string waiting = listed(document, false);
+    const std::string waiting = listed(engine, false);
     if (!waiting.empty()) std::cout << "no start of its own (a script or --start gives it one): " << waiting << '\n';
     const std::vector<Finding> losses = find_legacy_losses(*legacy);
     if (options.report) {

@@ -74,9 +74,10 @@ public:
         m_label = from_utf8(text_of(seconds));
         host::set_time(seconds);
         const bool is_whole = m_session.engine().frame(seconds);
+        const std::vector<std::uint32_t> pixels = m_session.device().read_pixels();
+        if (!is_whole || pixels.empty()) throw std::bad_alloc();
         host::Picture view;
-        view.argb = m_session.device().read_pixels();
-        if (!is_whole || view.argb.empty()) throw std::bad_alloc();
+        view.argb = pixels;
         view.width = static_cast<unsigned>(m_view.width);
         view.height = static_cast<unsigned>(m_view.height);
         const CRect whole(0, 0, m_grid.cell_width, m_grid.cell_height);

@@ -54,11 +54,28 @@ SdlSurface decode(const std::string& bytes) {
     return surface;
 }
 
+// Of the largest pictures there is room for one and a half: those with an opacity, which come from the libraries with
+// as many bytes a pixel as ours have, change where they lie.
+SdlSurface in_our_format(SdlSurface surface) {
+    const SDL_PixelFormat& format = *surface->format;
+    const bool is_dense = surface->pitch == surface->w * static_cast<int>(sizeof(std::uint32_t));
+    if (is_dense && format.format == SDL_PIXELFORMAT_ABGR8888 && !SDL_MUSTLOCK(surface.get())) {
+        const std::span pixels(static_cast<std::uint32_t*>(surface->pixels),
+                               static_cast<std::size_t>(surface->w) * static_cast<std::size_t>(surface->h));
+        for (std::uint32_t& pixel : pixels) pixel = (pixel & 0xFF00FF00) | (pixel >> 16 & 0xFF) | (pixel & 0xFF) << 16;
+        return surface;
+    }
+    if (is_dense && format.format == pixel_format) return surface;
+    // Not mixed with what is there, which is nothing.
+    if (SDL_SetSurfaceBlendMode(surface.get(), SDL_BLENDMODE_NONE) != 0) return {};
+    return SdlSurface(SDL_ConvertSurfaceFormat(surface.get(), pixel_format, 0));
+}
+
 }  // namespace
 
 std::shared_ptr<const Picture> make_clear_picture(unsigned width, unsigned height) {
     auto picture = std::make_shared<Picture>();
-    *picture = {next_picture_id(), width, height, {}};
+    *picture = {next_picture_id(), width, height, {}, {}};
     return picture;
 }
 
@@ -67,19 +84,14 @@ std::shared_ptr<const Picture> read_picture(const std::filesystem::path& path) {
     if (!decoded || decoded->w <= 0 || decoded->h <= 0) return nullptr;
     const auto width = static_cast<std::size_t>(decoded->w), height = static_cast<std::size_t>(decoded->h);
     if (!is_small_enough(width, height)) return nullptr;
-    // Copying would leave out the pixels of a colour that stands for nothing.
-    if (SDL_HasColorKey(decoded.get())) decoded.reset(SDL_ConvertSurfaceFormat(decoded.get(), pixel_format, 0));
+    decoded = in_our_format(std::move(decoded));
+    if (!decoded) check_sdl_memory();
+    if (!decoded) return nullptr;
+    const std::shared_ptr<const SDL_Surface> pixels(std::move(decoded));
     auto picture = std::make_shared<Picture>();
-    *picture = {next_picture_id(), static_cast<unsigned>(width), static_cast<unsigned>(height), {}};
-    picture->argb.resize(width * height);
-    // Straight into its place: of the largest pictures there is room for two, not for three.
-    const SdlSurface target(
-        SDL_CreateRGBSurfaceWithFormatFrom(picture->argb.data(), static_cast<int>(width), static_cast<int>(height), 32,
-                                           static_cast<int>(width * sizeof(std::uint32_t)), pixel_format));
-    const bool good = decoded && target && SDL_SetSurfaceBlendMode(decoded.get(), SDL_BLENDMODE_NONE) == 0 &&
-                      SDL_BlitSurface(decoded.get(), nullptr, target.get(), nullptr) == 0;
-    if (!good) check_sdl_memory();
-    return good ? picture : nullptr;
+    *picture = {next_picture_id(), static_cast<unsigned>(width), static_cast<unsigned>(height),
+                std::span(static_cast<const std::uint32_t*>(pixels->pixels), width * height), pixels};
+    return picture;
 }
 
 namespace {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,9 @@ struct Picture {
     unsigned width = 0;
     unsigned height = 0;
     /// Row by row from the top, 0xAARRGGBB, colours not multiplied by alpha. Empty for a picture that is all clear.
-    std::vector<std::uint32_t> argb;
+    std::span<const std::uint32_t> argb;
+    /// In which they lie; null where they are somebody else's.
+    std::shared_ptr<const void> pixels;
 };
 
 /// A picture of nothing.

@@ -60,8 +60,9 @@ public:
     /// An empty project in a view of that size. False where memory ran out, which may leave it with fonts of the
     /// former.
     bool new_project(int width, int height);
-    /// False: `error` is one line, and the open project is as it was; where memory ran out amid the opening, an empty
-    /// one. What is missing without being an error (pictures) stands in warnings() afterwards.
+    /// False: `error` is one line, and the open project is as it was. Where memory ran out amid the opening it is as a
+    /// save would bring it back, or empty if there is no memory for that, as the error then says. What is missing
+    /// without being an error (pictures) stands in warnings() afterwards.
     bool open_project(const std::string& path, std::string& error);
     /// The same from a document; `path` only names its file and the folder of its pictures, and may be empty.
     bool open_document(const ProjectDocument& document, const std::string& path, std::string& error);
@@ -74,6 +75,8 @@ public:
     bool save_project(const std::string& path, std::string& error);
     /// What save_project would write; `path` as in open_document. Throws std::bad_alloc where that is too much.
     ProjectDocument document(const std::string& path = {});
+    /// The same, part by part.
+    void save_parts(const std::string& path, ProjectParts& out);
     const std::vector<std::string>& warnings() const { return m_warnings; }
 
     /// From now on project_file_path is this, whatever is opened or saved: for a caller that plays another engine.
@@ -142,7 +145,6 @@ private:
     void create_animation(const ProjectAnimation& stored, load_operation& operation);
     /// A save in work: where it goes, and what is in it so far.
     struct Saving;
-    void save_parts(const std::string& path, ProjectParts& out);
     void save_modules(const Saving& saving);
     void save_item(const Actor& actor, Saving& saving);
     void save_items(Saving& saving);

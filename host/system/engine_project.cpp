@@ -234,19 +234,14 @@ private:
 }  // namespace
 
 ProjectDocument Engine::document(const std::string& path) {
-    const MemoryWatch watch;
     DocumentParts parts;
     save_parts(path, parts);
-    // Where a module kept quiet about it, the document is no whole one.
-    if (watch.ran_out()) throw std::bad_alloc();
     return std::move(parts.document);
 }
 
 bool Engine::save_project(const std::string& path, std::string& error) try {
-    const MemoryWatch watch;
     ProjectSave save(m_scene.size());
     save_parts(path, save);
-    if (watch.ran_out()) throw std::bad_alloc();
     // Ahead of the file, so that nothing can fail once that is written.
     tstringW own_path = m_path_is_fixed ? project_file_path : tstringW(from_utf8(path));
     if (!save.write(path, error)) return false;
@@ -257,6 +252,7 @@ bool Engine::save_project(const std::string& path, std::string& error) try {
 }
 
 void Engine::save_parts(const std::string& path, ProjectParts& out) {
+    const MemoryWatch watch;
     save_operation operation;
     operation.system = this;
     operation.project_folder = folder_of(path);
@@ -265,6 +261,8 @@ void Engine::save_parts(const std::string& path, ProjectParts& out) {
     save_modules(saving);
     save_items(saving);
     save_animations(saving);
+    // Where a module kept quiet about it, the parts are no whole project.
+    if (watch.ran_out()) throw std::bad_alloc();
 }
 
 // Ahead of the items, for the modules number them here.
