@@ -116,6 +116,7 @@ Cost cost_of(std::vector<std::string> words, const std::string& folder) {
     const pid_t child = fork();
     if (child == 0) {
         std::vector<char*> arguments;
+        arguments.reserve(words.size() + 2);
         words.insert(words.begin(), SGUI);
         for (std::string& word : words) arguments.push_back(word.data());
         arguments.push_back(nullptr);
