@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include "host/core/sdl_memory.h"
+
 namespace host {
 
+Device::Device() { keep_room_for_sdl_errors(); }
 Device::~Device() = default;
 
 void Device::begin_frame(int width, int height) {

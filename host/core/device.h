@@ -45,7 +45,7 @@ public:
     int view_height() const { return m_view_height; }
 
 protected:
-    Device() = default;
+    Device();
 
 private:
     x3d_viewport m_viewport;
