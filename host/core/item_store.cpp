@@ -8,7 +8,6 @@
 namespace host {
 namespace {
 
-constexpr const char* item_id_key = "m_item_id";
 constexpr const char* type_key = "type";
 
 std::map<unsigned long, ItemKind>& kinds() {
@@ -27,8 +26,9 @@ void forget_item_kinds(const void* owner) {
     std::erase_if(kinds(), [owner](const auto& entry) { return entry.second.owner == owner; });
 }
 
-void register_item_creator(unsigned long type, const tstringW& name, ItemCreator creator, unsigned long flags) {
-    kinds()[type] = {type, name, creator, flags, current_owner};
+void register_item_creator(unsigned long type, const tstringW& name, ItemCreator creator, unsigned long flags,
+                           ItemFinder finder) {
+    kinds()[type] = {type, name, creator, flags, current_owner, finder};
 }
 
 const ItemKind* find_item_kind(unsigned long type) {
@@ -68,6 +68,9 @@ IBaseItem* load_item_from_node(const char* key, pack_node* node, const load_oper
     int type = 0;
     if (!place || !place->get_property(host::type_key, PAK_INT, &type)) return nullptr;
     const host::ItemKind* kind = host::find_item_kind(static_cast<unsigned>(type));
+    if (kind && kind->finder) {
+        if (IBaseItem* known = kind->finder(*place, operation)) return known;
+    }
     std::unique_ptr<IBaseItem> item(kind ? kind->creator(operation.system) : nullptr);
     if (!item) {
         if (operation.warnings)

@@ -16,7 +16,12 @@ namespace host {
 inline constexpr unsigned long ITEM_TYPE_PICTURE = 100001;
 inline constexpr unsigned long ITEM_TYPE_SCRIPT = 100002;
 
+/// Where an item's own identifier is stored, if it has one.
+inline constexpr const char* item_id_key = "m_item_id";
+
 using ItemCreator = IBaseItem* (*)(XSystem*);
+/// An item of this load that says the same as the node, or null: for kinds whose items may stand in several places.
+using ItemFinder = IBaseItem* (*)(pack_node&, const load_operation&);
 
 struct ItemKind {
     unsigned long type = 0;
@@ -26,10 +31,13 @@ struct ItemKind {
     unsigned long flags = 0;
     /// Whose creator it is; null for the engine's own.
     const void* owner = nullptr;
+    /// Null where every place has an item of its own.
+    ItemFinder finder = nullptr;
 };
 
 /// A second registration of a type replaces the first: a module that is loaded again brings its own creators.
-void register_item_creator(unsigned long type, const tstringW& name, ItemCreator creator, unsigned long flags);
+void register_item_creator(unsigned long type, const tstringW& name, ItemCreator creator, unsigned long flags,
+                           ItemFinder finder = nullptr);
 /// Whoever registers from now on does it for this owner; null for the engine itself.
 void set_registering_owner(const void* owner);
 const void* registering_owner();

@@ -8,6 +8,7 @@
 
 #include "engine/guid.h"
 #include "engine/text.h"
+#include "engine/texture.h"
 
 class XSystem;
 
@@ -21,8 +22,8 @@ struct load_operation {
     /// The actor whose item is being read, for the warnings and for scripts that name their owner in errors.
     CGuid owner_id;
     tstringW owner_name;
-    /// What stored paths of pictures have come to so far: many items show few pictures.
-    mutable std::unordered_map<std::wstring, std::wstring> picture_paths;
+    /// The pictures so far, by their stored paths: many items show few of them, and those that show one share it.
+    mutable std::unordered_map<std::wstring, CMyComPtr<ITexture>> pictures;
 };
 
 /// A save in work.
@@ -32,6 +33,6 @@ struct save_operation {
     std::string project_folder;
     /// False while a tree is made that goes to no file: picture paths are then stored as they are.
     bool to_file = true;
-    /// As in load_operation, the other way round.
+    /// What paths of pictures have come to so far: many items show few pictures.
     mutable std::unordered_map<std::wstring, std::wstring> picture_paths;
 };

@@ -42,6 +42,10 @@ const std::wstring& once(std::unordered_map<std::wstring, std::wstring>& paths, 
     return known != paths.end() ? known->second : paths.emplace(name, from_utf8(make())).first->second;
 }
 
+IBaseItem* find_picture(pack_node& node, const load_operation& operation) {
+    return PictureItem::find_known(node, operation);
+}
+
 IBaseItem* create_picture(XSystem* system) { return new PictureItem(system ? system->render_device : nullptr); }
 
 }  // namespace
@@ -87,12 +91,30 @@ void PictureItem::on_parse(pack_node* node, const load_operation& operation) {
     node->get_string_property(file_name_key, stored);
     node->get_property(kind_key, PAK_INT, &tex_kind);
     node->get_property(option_key, PAK_INT, &tex_option);
-    const auto resolved = [&] { return resolved_picture_path(to_utf8(stored), operation.project_folder); };
-    file_name = once(operation.picture_paths, stored, resolved);
+    file_name = from_utf8(resolved_picture_path(to_utf8(stored), operation.project_folder));
     create_device_texture(m_device);
     if (!m_device_side && !stored.empty() && operation.warnings)
         operation.warnings->push_back(to_utf8(operation.owner_name) + ": no picture in \"" + to_utf8(file_name) +
                                       "\" (missing, or no picture)");
+    // One that is missing is told for each place that it is missed in.
+    if (m_device_side && m_item_id.is_empty()) {
+        CMyComPtr<ITexture>& known = operation.pictures[stored];
+        if (!known) known = this;
+    }
+}
+
+ITexture* PictureItem::find_known(pack_node& node, const load_operation& operation) {
+    tstringW text;
+    // What has an identifier is itself and no other.
+    if (node.get_string_property(item_id_key, text) || !node.get_string_property(file_name_key, text)) return nullptr;
+    const auto known = operation.pictures.find(text);
+    if (known == operation.pictures.end()) return nullptr;
+    int kind = usual_kind;
+    int option = usual_option;
+    node.get_property(kind_key, PAK_INT, &kind);
+    node.get_property(option_key, PAK_INT, &option);
+    ITexture* const picture = known->second.get();
+    return kind == picture->tex_kind && option == picture->tex_option ? picture : nullptr;
 }
 
 void PictureItem::create_device_texture(IBaseDevice* device) {
@@ -100,7 +122,9 @@ void PictureItem::create_device_texture(IBaseDevice* device) {
     m_device_side = used && !file_name.empty() ? used->make_texture(file_name) : CMyComPtr<IDeviceTexture>();
 }
 
-void register_picture_items() { register_item_creator(ITEM_TYPE_PICTURE, L"picture", &create_picture, 0); }
+void register_picture_items() {
+    register_item_creator(ITEM_TYPE_PICTURE, L"picture", &create_picture, 0, &find_picture);
+}
 
 CMyComPtr<ITexture> ResourceManager::load_texture_from_file(const wchar_t* path) {
     CMyComPtr<ITexture> texture(new PictureItem(m_device));

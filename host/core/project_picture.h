@@ -19,6 +19,9 @@ public:
     void save_to_node(pack_node* node, const save_operation& operation) override;
     /// Reads the path and makes the device side; a missing picture is told to the operation's warnings.
     void on_parse(pack_node* node, const load_operation& operation) override;
+    /// The picture of this load that says the same as the node, or null. What is loaded keeps its path: whoever wants
+    /// another picture takes a new one.
+    static ITexture* find_known(pack_node& node, const load_operation& operation);
     /// A null device stands for the one given to the constructor.
     void create_device_texture(IBaseDevice* device) override;
     IDeviceTexture* get_device_texture() override { return m_device_side.get(); }

@@ -18,14 +18,14 @@ float limited(float weight, float limit) {
 }  // namespace
 
 float FadeTime::progress() {
-    if (!m_is_known) m_progress = Math::Pow(elapsed_seconds / duration_seconds, exponent);
+    if (!m_is_known) m_progress = Math::Pow(m_elapsed / m_duration, exponent);
     m_is_known = true;
     return m_progress;
 }
 
 float next_weight(const Fade& fade, FadeTime& time) {
     if (std::fabs(fade.target - fade.now) < snap_distance) return fade.target;
-    if (!(time.duration_seconds > 0.0f)) return fade.target;
-    if (std::fabs(time.elapsed_seconds) <= least_elapsed_seconds) return fade.now;
+    if (!(time.duration_seconds() > 0.0f)) return fade.target;
+    if (std::fabs(time.elapsed_seconds()) <= least_elapsed_seconds) return fade.now;
     return limited((fade.target - fade.start) * time.progress() + fade.start, fade.limit);
 }

@@ -17,14 +17,17 @@ struct Fade {
 /// How long a fade has been on its way, and how long it takes in all.
 class FadeTime {
 public:
-    FadeTime(float elapsed, float duration) : elapsed_seconds(elapsed), duration_seconds(duration) {}
-    /// The square of the share that is over, worked out once for all pictures of a shape.
+    FadeTime() = default;
+    FadeTime(float elapsed, float duration) : m_elapsed(elapsed), m_duration(duration) {}
+    float elapsed_seconds() const { return m_elapsed; }
+    float duration_seconds() const { return m_duration; }
+    bool is(float elapsed, float duration) const { return m_elapsed == elapsed && m_duration == duration; }
+    /// The square of the share that is over, worked out once.
     float progress();
 
-    const float elapsed_seconds;
-    const float duration_seconds;
-
 private:
+    float m_elapsed = 0.0f;
+    float m_duration = 0.0f;
     float m_progress = 0.0f;
     bool m_is_known = false;
 };

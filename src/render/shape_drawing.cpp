@@ -84,7 +84,7 @@ void CSimpleGUIDialog::render_shape_fade(CSimpleGUIShape* shape) {
     if (!normal) normal = m_manager->m_shape_target.get();
 
     const float duration = shape->m_texture_mode == MODE_DOWN ? press_seconds : trans_time(m_manager->m_setting);
-    FadeTime time(frame_moment.seconds() - shape->m_mode_time, duration);
+    FadeTime& time = frame_moment.fade(shape->m_mode_time, duration);
     // A normal picture never gets more opaque than the shape's colour; the others end fully opaque.
     const float most[] = {0.0f, shape->m_color.w, 1.0f, 1.0f};
     for (int mode = MODE_NORMAL; mode <= MODE_DOWN; ++mode) {
