@@ -7,6 +7,12 @@ namespace host {
 Actor::Actor(Scene& scene, IBaseItem* item, std::uint64_t serial, const CGuid& id, const tstringW& name)
     : m_id(id), m_scene(scene), m_item(item), m_type(item->get_type()), m_serial(serial), m_name(name) {}
 
+std::vector<const Actor*> Actor::children() const {
+    std::vector<const Actor*> all;
+    for (const Actor* child = m_first_child; child; child = child->m_next) all.push_back(child);
+    return all;
+}
+
 void Actor::set_name(const wchar_t* name, bool) {
     // Copied ahead of the change: the new name may be a part of the old one.
     tstringW copy = name ? name : L"";
@@ -29,11 +35,8 @@ void Actor::set_parent(IActor* parent) {
         m_scene.destroy_tree(this);
         return;
     }
-    // The new place comes first: without memory for it the actor stays where it is.
-    const auto place = above->m_children.insert(above->m_children.end(), this);
     Scene::unlink(*this);
-    m_parent = above;
-    m_place = place;
+    Scene::link(*this, above);
 }
 
 }  // namespace host

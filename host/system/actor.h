@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <list>
+#include <vector>
 
 #include "engine/scene.h"
 
@@ -30,8 +31,9 @@ public:
     bool is_visible() const override { return m_visible; }
     void set_visible(bool visible) override { m_visible = visible; }
 
+    bool has_children() const { return m_first_child != nullptr; }
     /// In order; newcomers stand last.
-    const std::list<Actor*>& children() const { return m_children; }
+    std::vector<const Actor*> children() const;
     /// False between Scene::remove and Scene::restore. Says nothing of the actors above.
     bool is_in_scene() const { return m_in_scene; }
     /// Of the item, also while that is on its way out.
@@ -54,9 +56,11 @@ private:
     std::uint64_t m_serial;
     tstringW m_name;
     Actor* m_parent = nullptr;
-    std::list<Actor*> m_children;
-    /// Among the children of the parent, while there is one.
-    std::list<Actor*>::iterator m_place;
+    Actor* m_first_child = nullptr;
+    Actor* m_last_child = nullptr;
+    // Among the children of the parent, while there is one.
+    Actor* m_former = nullptr;
+    Actor* m_next = nullptr;
     /// Where the scene keeps it.
     std::list<Actor>::iterator m_self;
 };

@@ -5,25 +5,14 @@
 #include <cstdint>
 #include <map>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 namespace host {
 
-/// In one block, with the hashes beside the entries: a look-up reads one place, then the actor itself. For keys that
-/// nobody can make so that their hashes meet: such would let it grow without end.
-template <class Entry, class Hash, class Equal>
-struct FlatTable : tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true> {
-    // Half of the room that it takes by itself.
-    FlatTable() { this->max_load_factor(0.75f); }
-};
-/// For other keys.
-template <class Entry, class Hash, class Equal>
-using ChainedTable = std::unordered_set<Entry, Hash, Equal>;
-
 /// Finds actors by a key that several may share: the earliest created answers. Constant time whatever the number of
 /// keys, and no copy of a key: `KeyOf` reads it from the actor, so it must not change while the actor is in the index.
-template <class Actor, class KeyOf, class KeyHash, template <class, class, class> class Table>
+/// No one may be able to make keys whose hashes meet: such would let the table grow without end.
+template <class Actor, class KeyOf, class KeyHash>
 class EarliestIndex {
 public:
     /// The actor is not in the index yet.
@@ -51,6 +40,11 @@ public:
             put_back(std::move(others), *entry, next);
         }
     }
+    void clear() {
+        m_entries.clear();
+        m_others.clear();
+    }
+    static auto key_of(const Actor& actor) { return KeyOf()(actor); }
     /// Null if there is none.
     template <class Key>
     Actor* find(const Key& key) const {
@@ -92,7 +86,12 @@ private:
             return key == KeyOf()(*entry.first);
         }
     };
-    Table<Entry, Hash, Equal> m_entries;
+    // In one block, with the hashes beside the entries: a look-up reads one place, then the actor itself. It holds
+    // twice as many in its room as it does by itself.
+    struct Table : tsl::robin_set<Entry, Hash, Equal, std::allocator<Entry>, true> {
+        Table() { this->max_load_factor(0.75f); }
+    };
+    Table m_entries;
     // Those behind the first of a key, by that first; most keys have none.
     OthersByFirst m_others;
 };

@@ -293,7 +293,7 @@ void Engine::save_item(const Actor& actor, Saving& saving) {
     item.id = actor.get_id();
     // The file tells items apart by their identifiers, whatever scripts and tools have made of them.
     while (item.id.is_empty() || !saving.used_ids.insert(item.id).second) item.id = m_scene.new_id();
-    if (!actor.children().empty() || !(item.id == actor.get_id())) saving.id_of[&actor] = item.id;
+    if (actor.has_children() || !(item.id == actor.get_id())) saving.id_of[&actor] = item.id;
     item.name = actor.get_name();
     item.visible = actor.is_visible();
     item.flag = actor.get_flag();

@@ -13,10 +13,6 @@ void CSceneManager::regist_item(unsigned long type, tstringW name, item_creator 
 
 namespace host {
 
-std::size_t TypedNameHash::operator()(const TypedName& key) const {
-    return std::hash<std::wstring_view>()(key.name) ^ (std::hash<unsigned long>()(key.type) * 0x9E3779B97F4A7C15u);
-}
-
 // Actors lie on multiples of their alignment, and the table asks for the low bits.
 std::size_t ActorHash::operator()(const IActor* actor) const {
     return reinterpret_cast<std::uintptr_t>(actor) / alignof(Actor) * 0x9E3779B97F4A7C15u >> 20;
@@ -29,11 +25,20 @@ void Scene::add_property_item(IBaseItem* item, tstringW name) {
 }
 
 IBaseItem* Scene::search_item_by_name(const tstringW& name, unsigned long type) {
-    const Actor* actor = m_by_name.find(TypedName{type, name});
+    const Actor* actor = find_by(m_by_name, TypedName{type, name}, true);
     return actor ? actor->get_item() : nullptr;
 }
 
-IActor* Scene::search_actor_by_guid(const CGuid& id) { return m_by_id.find(id); }
+IActor* Scene::search_actor_by_guid(const CGuid& id) { return find_by(m_by_id, id, true); }
+Actor* Scene::find_any(std::wstring_view name) const { return find_by(m_by_any_name, name, false); }
+
+template <class Index, class Key>
+Actor* Scene::find_by(const Index& index, const Key& key, bool in_scene) const {
+    if (!m_is_clearing) return index.find(key);
+    for (const Actor& actor : m_actors)
+        if ((actor.m_in_scene || !in_scene) && Index::key_of(actor) == key) return &*actor.m_self;
+    return nullptr;
+}
 
 bool Scene::can_carry(const IBaseItem* item, const IActor* parent) const {
     return item && !item->m_actor && (!parent || holds(parent));
@@ -71,7 +76,7 @@ void Scene::delete_actor(IActor* actor) {
 void Scene::destroy_tree(IActor* actor) {
     Actor* at = living(actor);
     while (at) {
-        while (!at->m_children.empty()) at = at->m_children.back();
+        while (at->m_last_child) at = at->m_last_child;
         IActor* above = at == actor ? nullptr : at->m_parent;
         destroy_one(*at);
         // The end of an item may have ended others.
@@ -83,8 +88,8 @@ void Scene::destroy_tree(IActor* actor) {
 void Scene::delete_actor_alone(IActor* actor) {
     if (!actor || !holds(actor)) return;
     Actor& alone = *living(actor);
-    while (!alone.m_children.empty()) {
-        Actor& child = *alone.m_children.front();
+    while (alone.m_first_child) {
+        Actor& child = *alone.m_first_child;
         unlink(child);
         link(child, nullptr);
     }
@@ -141,12 +146,14 @@ void Scene::restore(std::list<IActor*> actors) {
 
 void Scene::bring_back(Actor& actor) {
     if (actor.m_in_scene) return;
-    m_by_name.add(&actor);
-    try {
-        m_by_id.add(&actor);
-    } catch (const std::bad_alloc&) {
-        m_by_name.remove(&actor);
-        throw;
+    if (!m_is_clearing) {
+        m_by_name.add(&actor);
+        try {
+            m_by_id.add(&actor);
+        } catch (const std::bad_alloc&) {
+            m_by_name.remove(&actor);
+            throw;
+        }
     }
     actor.m_in_scene = true;
 }
@@ -155,12 +162,19 @@ void Scene::tell(unsigned long id, std::list<IActor*>& actors) {
     m_messages.send_msg(id, reinterpret_cast<message_param>(&actors), 0, 0, 0, 0, 0);
 }
 
+// Taking each actor out of each index would be most of the work. What an item looks up while it goes, few do, is found
+// by a walk instead.
 void Scene::clear() {
+    m_is_clearing = true;
+    m_by_name.clear();
+    m_by_id.clear();
+    m_by_any_name.clear();
     while (!m_actors.empty()) destroy_tree(&m_actors.back());
+    m_is_clearing = false;
 }
 
 Actor* Scene::find_any(const CGuid& id) const {
-    if (Actor* present = m_by_id.find(id)) return present;
+    if (Actor* present = find_by(m_by_id, id, true)) return present;
     // Only those that are out of the scene are not in the index.
     for (const Actor& actor : m_actors)
         if (actor.m_id == id) return &*actor.m_self;
@@ -203,12 +217,12 @@ CGuid Scene::new_id() {
             id.Data3 = static_cast<std::uint16_t>((id.Data3 & 0x0FFF) | 0x4000);
             id.Data4[0] = static_cast<std::uint8_t>((id.Data4[0] & 0x3F) | 0x80);
         }
-        if (!m_by_id.find(CGuid(id))) return id;
+        if (!find_by(m_by_id, CGuid(id), true)) return id;
     }
 }
 
 void Scene::enter_indexes(Actor& actor) {
-    if (!holds(&actor)) return;
+    if (m_is_clearing || !holds(&actor)) return;
     m_by_any_name.add(&actor);
     if (!actor.m_in_scene) return;
     m_by_name.add(&actor);
@@ -216,6 +230,7 @@ void Scene::enter_indexes(Actor& actor) {
 }
 
 void Scene::leave_indexes(Actor& actor) {
+    if (m_is_clearing) return;
     m_by_name.remove(&actor);
     m_by_id.remove(&actor);
     m_by_any_name.remove(&actor);
@@ -227,13 +242,18 @@ Actor* Scene::living(const IActor* actor) const {
 }
 
 void Scene::unlink(Actor& actor) {
-    if (actor.m_parent) actor.m_parent->m_children.erase(actor.m_place);
-    actor.m_parent = nullptr;
+    if (!actor.m_parent) return;
+    (actor.m_former ? actor.m_former->m_next : actor.m_parent->m_first_child) = actor.m_next;
+    (actor.m_next ? actor.m_next->m_former : actor.m_parent->m_last_child) = actor.m_former;
+    actor.m_parent = actor.m_former = actor.m_next = nullptr;
 }
 
 void Scene::link(Actor& actor, Actor* parent) {
-    if (parent) actor.m_place = parent->m_children.insert(parent->m_children.end(), &actor);
     actor.m_parent = parent;
+    if (!parent) return;
+    actor.m_former = parent->m_last_child;
+    (actor.m_former ? actor.m_former->m_next : parent->m_first_child) = &actor;
+    parent->m_last_child = &actor;
 }
 
 }  // namespace host

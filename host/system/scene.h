@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/core/chance_hash.h"
 #include "host/core/id_set.h"
 #include "host/system/actor.h"
 #include "host/system/earliest_index.h"
@@ -29,8 +30,13 @@ struct TypedName {
 struct TypedNameOf {
     TypedName operator()(const Actor& actor) const { return {actor.type(), actor.get_name()}; }
 };
+struct NameHash {
+    std::size_t operator()(std::wstring_view name) const {
+        return chance_hash(name.data(), name.size() * sizeof(wchar_t));
+    }
+};
 struct TypedNameHash {
-    std::size_t operator()(const TypedName& key) const;
+    std::size_t operator()(const TypedName& key) const { return NameHash()(key.name) ^ key.type * 0x9E3779B97F4A7C15u; }
 };
 struct IdOf {
     CGuid operator()(const Actor& actor) const { return actor.get_id(); }
@@ -82,7 +88,7 @@ public:
     /// The actor with that identifier, removed ones included, or null. Looks at all only where the index has none.
     Actor* find_any(const CGuid& id) const;
     /// The earliest created actor of that name, removed ones included, or null.
-    Actor* find_any(std::wstring_view name) const { return m_by_any_name.find(name); }
+    Actor* find_any(std::wstring_view name) const;
     /// Every actor in order of creation, removed ones included.
     std::vector<Actor*> actors() const;
     std::size_t size() const { return m_actors.size(); }
@@ -106,6 +112,9 @@ private:
     friend class Actor;
     bool can_carry(const IBaseItem* item, const IActor* parent) const;
     static std::mt19937_64 seeded_random();
+    /// The earliest created actor with that key.
+    template <class Index, class Key>
+    Actor* find_by(const Index& index, const Key& key, bool in_scene) const;
     void enter_indexes(Actor& actor);
     void leave_indexes(Actor& actor);
     void destroy_tree(IActor* actor);
@@ -138,10 +147,12 @@ private:
     std::list<Actor> m_actors;
     // Interfaces to actors, so that a pointer from outside is checked ahead of use.
     tsl::robin_map<const IActor*, Actor*, ActorHash> m_alive;
-    EarliestIndex<Actor, TypedNameOf, TypedNameHash, ChainedTable> m_by_name;
-    EarliestIndex<Actor, IdOf, IdHash, FlatTable> m_by_id;
+    EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
+    EarliestIndex<Actor, IdOf, IdHash> m_by_id;
     // The others hold what is in the scene; this one all that lives.
-    EarliestIndex<Actor, NameOf, std::hash<std::wstring_view>, ChainedTable> m_by_any_name;
+    EarliestIndex<Actor, NameOf, NameHash> m_by_any_name;
+    // The indexes are empty and stay so until all actors are gone.
+    bool m_is_clearing = false;
     std::vector<PropertyItem> m_property_items;
     std::uint64_t m_next_serial = 1;
     std::uint64_t m_next_id = 1;
