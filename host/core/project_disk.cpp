@@ -158,16 +158,19 @@ bool read_whole_file(const std::string& path, std::size_t largest, std::string& 
     }
     std::string read;
     read.reserve(std::min(static_cast<std::size_t>(facts.st_size), largest) + 1);
-    char block[65536];
+    // Of a file that grows meanwhile all is read.
     for (;;) {
-        const ssize_t count = ::read(file.number(), block, sizeof block);
-        if (count < 0 && errno == EINTR) continue;
+        constexpr std::size_t piece = 65536;
+        const std::size_t size = read.size();
+        read.resize(std::max(std::min(size + piece, read.capacity()), size + 1));
+        const ssize_t count =
+            uninterrupted([&] { return ::read(file.number(), read.data() + size, read.size() - size); });
         if (count < 0) {
             error = because("cannot read");
             return false;
         }
+        read.resize(size + static_cast<std::size_t>(count));
         if (count == 0) break;
-        read.append(block, static_cast<std::size_t>(count));
         if (read.size() > largest) {
             error = "too large (more than " + std::to_string(largest) + " bytes)";
             return false;

@@ -30,7 +30,7 @@ struct Building {
     ProjectNode* node;
     template <class Value>
     bool property(std::string_view key, Value& value) {
-        return node->set(key, std::move(value));
+        return node->put(key, std::move(value));
     }
     Building child(std::string_view name) { return {&node->add(name)}; }
     bool is_complete() const { return true; }
@@ -84,10 +84,11 @@ constexpr std::pair<std::string_view, char> references[] = {
 /// Each function is false or null for what is not as it is written; the place is then anywhere.
 class Plain {
 public:
-    explicit Plain(std::string_view text) : m_begin(text.data()), m_at(m_begin), m_end(m_begin + text.size()) {}
+    Plain(std::string_view text, KnownLines& lines) : m_at(text.data()), m_end(m_at + text.size()), m_lines(lines) {}
 
     bool is_at_end() { return m_at == m_end; }
     int line() const { return m_line; }
+    std::string_view rest() const { return {m_at, static_cast<std::size_t>(m_end - m_at)}; }
 
     template <std::size_t Size>
     bool take(const char (&literal)[Size]) {
@@ -120,7 +121,20 @@ public:
 
     template <class Value>
     bool value(Value& value) {
-        if (!take(" value=\"")) return false;
+        return take(" value=\"") && quoted_value(value);
+    }
+    bool value(tstringW& text) {
+        std::string_view bytes;
+        if (take(">")) {
+            // Several lines.
+            return with_references('<', bytes) && take("</text>") && widened(bytes, text);
+        }
+        if (take(" value=\"")) return quoted_value(text);
+        return take(" value-escaped=\"") && quoted(bytes) && take("/>") && unescaped(bytes, text);
+    }
+    // Behind the quotation mark that begins it, up to the end of the tag.
+    template <class Value>
+    bool quoted_value(Value& value) {
         bool is_first = true;
         const auto one = [this, &is_first](auto& number) {
             if (!is_first && !take(" ")) return false;
@@ -131,14 +145,9 @@ public:
         };
         return std::apply([&](auto&... numbers) { return (one(numbers) && ...); }, numbers_of(value)) && take("\"/>");
     }
-    bool value(tstringW& text) {
+    bool quoted_value(tstringW& text) {
         std::string_view bytes;
-        if (take(">")) {
-            // Several lines.
-            return with_references('<', bytes) && take("</text>") && widened(bytes, text);
-        }
-        if (take(" value=\"")) return quoted(bytes) && take("/>") && widened(bytes, text);
-        return take(" value-escaped=\"") && quoted(bytes) && take("/>") && unescaped(bytes, text);
+        return quoted(bytes) && take("/>") && widened(bytes, text);
     }
     bool name(tstringW& name) {
         std::string_view bytes;
@@ -176,35 +185,15 @@ public:
     template <class Place, std::size_t Size>
     bool children(Place place, int depth, const char (&end_tag)[Size]) {
         for (;;) {
+            if (const KnownLine* const line = m_lines.find(m_at, m_end)) {
+                if (!known(*line, place, depth)) return false;
+                continue;
+            }
+            const char* const begin = m_at;
             skip_blanks();
             if (m_end - m_at < 2) return false;
-            switch (m_at[1]) {
-                case '/':
-                    return place.is_complete() && take(end_tag);
-                case 'n':
-                    if (!child(place, depth)) return false;
-                    break;
-                case 'i':
-                    if (!take("<int") || !property<int>(place)) return false;
-                    break;
-                case 'b':
-                    if (!take("<bool") || !property<StoredBool>(place)) return false;
-                    break;
-                case 'f':
-                    if (!take("<float") || !property<float>(place)) return false;
-                    break;
-                case 'r':
-                    if (!take("<rect") || !property<CRect>(place)) return false;
-                    break;
-                case 'v':
-                    if (take("<vec3") ? !property<VEC3>(place) : !take("<vec4") || !property<VEC4>(place)) return false;
-                    break;
-                case 't':
-                    if (!take("<text") || !property<tstringW>(place)) return false;
-                    break;
-                default:
-                    return false;
-            }
+            if (m_at[1] == '/') return place.is_complete() && take(end_tag);
+            if (!child(begin, place, depth)) return false;
         }
     }
     // The end of an element's tag and what stands inside, if there is anything.
@@ -241,19 +230,89 @@ private:
         return good;
     }
 
+    // From the blanks at `begin` on, which are skipped.
+    template <class Place>
+    bool child(const char* begin, Place& place, int depth) {
+        switch (m_at[1]) {
+            case 'n':
+                return take("<node name=\"") && node(begin, place, depth);
+            case 'i':
+                return take("<int") && property<int>(begin, KnownLine::INT, place);
+            case 'b':
+                return take("<bool") && property<StoredBool>(begin, KnownLine::BOOL, place);
+            case 'f':
+                return take("<float") && property<float>(begin, KnownLine::FLOAT, place);
+            case 'r':
+                return take("<rect") && property<CRect>(begin, KnownLine::RECT, place);
+            case 'v':
+                return take("<vec3") ? property<VEC3>(begin, KnownLine::VEC3, place)
+                                     : take("<vec4") && property<VEC4>(begin, KnownLine::VEC4, place);
+            case 't':
+                return take("<text") && property<tstringW>(begin, KnownLine::TEXT, place);
+            default:
+                return false;
+        }
+    }
     template <class Value, class Place>
-    bool property(Place& place) {
+    bool property(const char* begin, KnownLine::Kind kind, Place& place) {
         Value value{};
         std::string_view key;
         if (!take(" key=\"") || !quoted(key)) return false;
         // A key with references lies where the next text goes.
-        if (key.data() == m_bytes.data()) key = m_key.assign(key);
+        if (key.data() == m_bytes.data()) {
+            key = m_key.assign(key);
+        } else if (constexpr std::string_view next = " value=\""; rest().starts_with(next)) {
+            m_lines.learn({begin, m_at + next.size()}, kind, key);
+        }
         return this->value(value) && place.property(key, value);
     }
     template <class Place>
-    bool child(Place& place, int depth) {
+    bool node(const char* begin, Place& place, int depth) {
         std::string_view name;
-        return take("<node name=\"") && quoted(name) && inside(place.child(name), depth + 1, "</node>");
+        if (!quoted(name)) return false;
+        Place below = place.child(name);
+        const bool has_references = name.data() == m_bytes.data();
+        const bool is_empty = take("/>");
+        if (!is_empty && !take(">")) return false;
+        if (!has_references) m_lines.learn({begin, m_at}, is_empty ? KnownLine::EMPTY_NODE : KnownLine::NODE, name);
+        return inside_node(below, depth + 1, is_empty);
+    }
+    template <class Place>
+    bool inside_node(Place place, int depth, bool is_empty) {
+        if (depth > xml::deepest_nesting) return false;
+        return is_empty ? place.is_complete() : children(place, depth, "</node>");
+    }
+
+    // One whose beginning is known.
+    template <class Place>
+    bool known(const KnownLine& line, Place& place, int depth) {
+        m_at += line.text.size();
+        m_line += line.line_breaks;
+        switch (line.kind) {
+            case KnownLine::INT:
+                return known_property<int>(line, place);
+            case KnownLine::BOOL:
+                return known_property<StoredBool>(line, place);
+            case KnownLine::FLOAT:
+                return known_property<float>(line, place);
+            case KnownLine::RECT:
+                return known_property<CRect>(line, place);
+            case KnownLine::VEC3:
+                return known_property<VEC3>(line, place);
+            case KnownLine::VEC4:
+                return known_property<VEC4>(line, place);
+            case KnownLine::TEXT:
+                return known_property<tstringW>(line, place);
+            case KnownLine::NODE:
+            case KnownLine::EMPTY_NODE:
+                return inside_node(place.child(line.key), depth + 1, line.kind == KnownLine::EMPTY_NODE);
+        }
+        return false;
+    }
+    template <class Value, class Place>
+    bool known_property(const KnownLine& line, Place& place) {
+        Value value{};
+        return quoted_value(value) && place.property(line.key, value);
     }
 
     // Up to the character that ends it.
@@ -262,9 +321,9 @@ private:
         for (; m_at != m_end && *m_at != end; ++m_at) {
             char c = *m_at;
             if (c == '&') {
-                const std::string_view rest(m_at, static_cast<std::size_t>(m_end - m_at));
-                const auto row = std::find_if(std::begin(references), std::end(references),
-                                              [rest](const auto& known) { return rest.starts_with(known.first); });
+                const auto row =
+                    std::find_if(std::begin(references), std::end(references),
+                                 [this](const auto& reference) { return rest().starts_with(reference.first); });
                 if (row == std::end(references)) return false;
                 m_at += row->first.size() - 1;
                 c = row->second;
@@ -290,9 +349,9 @@ private:
         return read.has_value();
     }
 
-    const char* m_begin;
     const char* m_at;
     const char* m_end;
+    KnownLines& m_lines;
     int m_line = 1;
     std::string m_bytes;
     std::string m_key;
@@ -304,6 +363,9 @@ constexpr int item_depth = 3;
 constexpr int anim_node_depth = 4;
 
 bool read_items(Plain& plain, ProjectDocument& document) {
+    // Most have more bytes than that.
+    constexpr std::size_t usual_item = 1024;
+    document.items.reserve(plain.rest().size() / usual_item);
     const auto memory = std::make_shared<ProjectMemory>();
     IdSet ids;
     for (;;) {
@@ -355,7 +417,8 @@ bool is_text(std::string_view text) { return first_bad_byte(text) == std::string
 
 std::optional<ProjectDocument> parse_plain_project(std::string_view text) {
     std::optional<ProjectDocument> document(std::in_place);
-    Plain plain(text);
+    KnownLines lines;
+    Plain plain(text, lines);
     static_assert(project_version == 1);
     const bool good = plain.take("<?xml version=\"1.0\" encoding=\"UTF-8\"?>") &&
                       plain.take_next("<project version=\"1\">") && plain.take_next("<modules>") &&
@@ -367,14 +430,14 @@ std::optional<ProjectDocument> parse_plain_project(std::string_view text) {
     return document;
 }
 
-bool reads_back(std::string_view text, const ProjectNode& modules) {
-    Plain plain(text);
+bool ProjectReadBack::gives(std::string_view text, const ProjectNode& modules) {
+    Plain plain(text, m_lines);
     return is_text(text) && plain.take_next("<modules>") &&
            plain.children(Comparing(&modules), modules_depth, "</modules>") && (plain.skip_blanks(), plain.is_at_end());
 }
 
-bool reads_back(std::string_view text, const ProjectItem& item) {
-    Plain plain(text);
+bool ProjectReadBack::gives(std::string_view text, const ProjectItem& item) {
+    Plain plain(text, m_lines);
     ProjectItem head;
     return is_text(text) && plain.take_next("<item") && plain.item_head(head) && head.type == item.type &&
            head.id == item.id && head.parent == item.parent && head.name == item.name && head.visible == item.visible &&
@@ -382,9 +445,9 @@ bool reads_back(std::string_view text, const ProjectItem& item) {
            (plain.skip_blanks(), plain.is_at_end());
 }
 
-bool reads_back(std::string_view text, const ProjectAnimation& animation) {
+bool ProjectReadBack::gives(std::string_view text, const ProjectAnimation& animation) {
     ProjectAnimation head;
-    Plain plain(text);
+    Plain plain(text, m_lines);
     if (!is_text(text) || !plain.take_next("<animation") || !plain.animation_head(head)) return false;
     if (head.name != animation.name || !same_bits(head.info, animation.info)) return false;
     if (head.starts_by_itself != animation.starts_by_itself) return false;

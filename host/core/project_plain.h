@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 
+#include "host/core/known_lines.h"
 #include "host/core/project_document.h"
 
 namespace host {
@@ -17,8 +18,14 @@ std::optional<ProjectDocument> parse_plain_project(std::string_view text);
 
 /// Whether the text of one part, read like a file, gives what it was made from, bit by bit. Identifiers are not
 /// compared with those of other parts.
-bool reads_back(std::string_view text, const ProjectNode& modules);
-bool reads_back(std::string_view text, const ProjectItem& item);
-bool reads_back(std::string_view text, const ProjectAnimation& animation);
+class ProjectReadBack {
+public:
+    bool gives(std::string_view text, const ProjectNode& modules);
+    bool gives(std::string_view text, const ProjectItem& item);
+    bool gives(std::string_view text, const ProjectAnimation& animation);
+
+private:
+    KnownLines m_lines;
+};
 
 }  // namespace host

@@ -2,21 +2,20 @@
 
 #include "host/core/project_disk.h"
 #include "host/core/project_file.h"
-#include "host/core/project_plain.h"
 
 namespace host {
 
 void ProjectSave::take(const ProjectNode& modules) {
-    if (!reads_back(m_text.add_modules(modules), modules)) m_comes_back = false;
+    if (!m_back.gives(m_text.add_modules(modules), modules)) m_comes_back = false;
 }
 
 void ProjectSave::take(const ProjectItem& item) {
     const bool has_place = item.parent.is_empty() || m_ids.contains(item.parent);
-    if (!reads_back(m_text.add_item(item), item) || !has_place || !m_ids.insert(item.id).second) m_comes_back = false;
+    if (!m_back.gives(m_text.add_item(item), item) || !has_place || !m_ids.insert(item.id).second) m_comes_back = false;
 }
 
 void ProjectSave::take(const ProjectAnimation& animation) {
-    if (!reads_back(m_text.add_animation(animation), animation)) m_comes_back = false;
+    if (!m_back.gives(m_text.add_animation(animation), animation)) m_comes_back = false;
 }
 
 // What can't be read again must not take the place of what can.

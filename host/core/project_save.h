@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/core/id_set.h"
+#include "host/core/project_plain.h"
 #include "host/core/project_write.h"
 
 namespace host {
@@ -29,6 +30,7 @@ private:
     std::string find_fault(std::string_view text) const;
 
     ProjectText m_text;
+    ProjectReadBack m_back;
     IdSet m_ids;
     bool m_comes_back = true;
 };

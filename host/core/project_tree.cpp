@@ -72,43 +72,33 @@ ProjectNode::ProjectNode(ProjectNode&& other) noexcept { take_over(other); }
 
 ProjectNode& ProjectNode::operator=(ProjectNode&& other) noexcept {
     if (this == &other) return *this;
-    end_texts();
+    if (m_content) end(*m_content);
     take_over(other);
     return *this;
 }
 
-ProjectNode::~ProjectNode() { end_texts(); }
+ProjectNode::~ProjectNode() {
+    if (m_content && !m_is_below) end(*m_content);
+}
 
 // The other one is left empty.
 void ProjectNode::take_over(ProjectNode& other) noexcept {
     m_owned_memory = std::move(other.m_owned_memory);
     m_memory = std::exchange(other.m_memory, nullptr);
     m_name = other.m_name;
-    m_properties = std::exchange(other.m_properties, nullptr);
-    m_count = std::exchange(other.m_count, 0);
-    m_capacity = std::exchange(other.m_capacity, 0);
-    m_key_bits = std::exchange(other.m_key_bits, 0);
-    m_first_child = std::exchange(other.m_first_child, nullptr);
-    m_last_child = std::exchange(other.m_last_child, nullptr);
-    m_name_bits = std::exchange(other.m_name_bits, 0);
-    m_next_child = std::exchange(other.m_next_child, nullptr);
-    m_names_repeat = std::exchange(other.m_names_repeat, false);
-    m_child_count = std::exchange(other.m_child_count, 0);
-    m_index = std::move(other.m_index);
-    m_children = std::move(other.m_children);
-    m_next = std::exchange(other.m_next, 0);
-    m_has_texts = std::exchange(other.m_has_texts, false);
+    m_content = std::exchange(other.m_content, nullptr);
 }
 
-void ProjectNode::end_texts() {
-    if (m_has_texts) std::destroy_n(m_properties, m_count);
+void ProjectNode::end(Content& content) {
+    if (content.has_texts) std::destroy_n(content.properties, content.count);
+    content.index.reset();
+    content.children.reset();
 }
 
-void ProjectNode::end_with_memory() const {
-    if (!m_is_below || m_ends_with_memory) return;
-    m_memory->at_end(const_cast<ProjectNode*>(this),
-                     [](void* node) { static_cast<ProjectNode*>(node)->~ProjectNode(); });
-    m_ends_with_memory = true;
+void ProjectNode::end_with_memory(Content& content) const {
+    if (!m_is_below || content.ends_with_memory) return;
+    m_memory->at_end(&content, [](void* ended) { end(*static_cast<Content*>(ended)); });
+    content.ends_with_memory = true;
 }
 
 void ProjectNode::clear() {
@@ -122,6 +112,11 @@ ProjectMemory& ProjectNode::memory() {
         m_memory = m_owned_memory.get();
     }
     return *m_memory;
+}
+
+ProjectNode::Content& ProjectNode::content() {
+    if (!m_content) m_content = new (memory().take(sizeof(Content))) Content;
+    return *m_content;
 }
 
 pack_node* ProjectNode::add_child(const char* name) { return &add(name ? name : ""); }
@@ -154,99 +149,111 @@ bool ProjectNode::get_string_property(const char* key, tstringW& text) {
 }
 
 ProjectNode& ProjectNode::add(std::string_view name) {
-    ProjectMemory& memory = this->memory();
-    auto* const child = new (memory.take(sizeof(ProjectNode))) ProjectNode(Below(), memory.keep(name), memory);
+    Content& content = this->content();
+    auto* const child = new (m_memory->take(sizeof(ProjectNode))) ProjectNode(Below(), m_memory->keep(name), *m_memory);
     const std::uint64_t bit = key_bit(name);
     // Among many the search would cost more than it saves.
-    const bool is_searched = m_child_count++ < most_searched;
-    m_names_repeat = m_names_repeat || !is_searched || ((m_name_bits & bit) != 0 && this->child(name));
-    m_name_bits |= bit;
-    (m_last_child ? m_last_child->m_sibling : m_first_child) = child;
-    m_last_child = child;
+    const bool is_searched = content.child_count++ < most_searched;
+    content.names_repeat =
+        content.names_repeat || !is_searched || ((content.name_bits & bit) != 0 && this->child(name));
+    content.name_bits |= bit;
+    (content.last_child ? content.last_child->m_sibling : content.first_child) = child;
+    content.last_child = child;
     return *child;
 }
 
 const std::list<pack_node*>* ProjectNode::get_children() const {
-    if (!m_children) m_children = std::make_unique<std::list<pack_node*>>();
-    end_with_memory();
-    const auto* const last = m_children->empty() ? nullptr : static_cast<ProjectNode*>(m_children->back());
-    for (ProjectNode* child = last ? last->m_sibling : m_first_child; child; child = child->m_sibling)
-        m_children->push_back(child);
-    return m_children.get();
+    static const std::list<pack_node*> none;
+    if (!m_content) return &none;
+    std::unique_ptr<std::list<pack_node*>>& list = m_content->children;
+    if (!list) {
+        end_with_memory(*m_content);
+        list = std::make_unique<std::list<pack_node*>>();
+    }
+    const auto* const last = list->empty() ? nullptr : static_cast<ProjectNode*>(list->back());
+    for (ProjectNode* child = last ? last->m_sibling : m_content->first_child; child; child = child->m_sibling)
+        list->push_back(child);
+    return list.get();
 }
 
 ProjectNode* ProjectNode::child(std::string_view name) const {
-    ProjectNode* found = m_names_repeat ? nullptr : m_next_child;
+    if (!m_content) return nullptr;
+    ProjectNode* found = m_content->names_repeat ? nullptr : m_content->next_child;
     if (!found || !is_same(found->m_name, name)) {
-        if ((m_name_bits & key_bit(name)) == 0) return nullptr;
-        for (found = m_first_child; found && !is_same(found->m_name, name);) found = found->m_sibling;
+        if ((m_content->name_bits & key_bit(name)) == 0) return nullptr;
+        for (found = m_content->first_child; found && !is_same(found->m_name, name);) found = found->m_sibling;
     }
-    if (found) m_next_child = found->m_sibling;
+    if (found) m_content->next_child = found->m_sibling;
     return found;
 }
 
-Property& ProjectNode::append(std::string_view key) {
-    ProjectMemory& memory = this->memory();
+Property& ProjectNode::append(Content& content, std::string_view key) {
     // Ahead of the array, which then may grow where it lies.
-    const std::string_view kept = memory.keep(key);
-    if (m_count == m_capacity) {
+    const std::string_view kept = m_memory->keep(key);
+    if (content.count == content.capacity) {
         constexpr std::uint32_t usual = 8;
-        const std::uint32_t larger = m_capacity == 0 ? usual : m_capacity * 2;
-        if (!memory.extend(m_properties, m_capacity * sizeof(Property), larger * sizeof(Property))) {
-            auto* const moved = static_cast<Property*>(memory.take(larger * sizeof(Property)));
-            std::uninitialized_move_n(m_properties, m_count, moved);
-            std::destroy_n(m_properties, m_count);
-            m_properties = moved;
+        const std::uint32_t larger = content.capacity == 0 ? usual : content.capacity * 2;
+        if (!m_memory->extend(content.properties, content.capacity * sizeof(Property), larger * sizeof(Property))) {
+            auto* const moved = static_cast<Property*>(m_memory->take(larger * sizeof(Property)));
+            std::uninitialized_move_n(content.properties, content.count, moved);
+            std::destroy_n(content.properties, content.count);
+            content.properties = moved;
         }
-        m_capacity = larger;
+        content.capacity = larger;
     }
-    return *new (m_properties + m_count++) Property{kept, {}};
+    return *new (content.properties + content.count++) Property{kept, {}};
 }
 
 Property& ProjectNode::stored(std::string_view key, bool& is_new) {
-    const std::size_t known = place_of(key);
-    is_new = known == m_count;
-    if (!is_new) return m_properties[known];
-    Property& property = append(key);
-    m_key_bits |= key_bit(key);
-    if (m_index) {
-        m_index->emplace(property.key, known);
+    Content& content = this->content();
+    const std::uint64_t bit = key_bit(key);
+    const std::size_t known = place_of(content, key, bit);
+    is_new = known == content.count;
+    if (!is_new) return content.properties[known];
+    Property& property = append(content, key);
+    content.key_bits |= bit;
+    if (content.index) {
+        content.index->emplace(property.key, known);
     } else if (known == most_searched) {
-        m_index = std::make_unique<Index>();
-        end_with_memory();
-        for (const Property& indexed : properties()) m_index->emplace(indexed.key, m_index->size());
+        end_with_memory(content);
+        content.index = std::make_unique<Index>();
+        for (const Property& indexed : properties()) content.index->emplace(indexed.key, content.index->size());
     }
     return property;
+}
+
+void ProjectNode::hold_texts() {
+    m_content->has_texts = true;
+    end_with_memory(*m_content);
 }
 
 bool ProjectNode::set(std::string_view key, PropertyValue value) {
     bool is_new = false;
     Property& property = stored(key, is_new);
-    if (std::holds_alternative<tstringW>(value)) {
-        m_has_texts = true;
-        end_with_memory();
-    }
+    if (std::holds_alternative<tstringW>(value)) hold_texts();
     property.value = std::move(value);
     return is_new;
 }
 
-std::size_t ProjectNode::place_of(std::string_view key) const {
-    if ((m_key_bits & key_bit(key)) == 0) return m_count;
-    if (m_index) {
-        const auto known = m_index->find(key);
-        return known == m_index->end() ? m_count : known->second;
+std::size_t ProjectNode::place_of(const Content& content, std::string_view key, std::uint64_t bit) {
+    if ((content.key_bits & bit) == 0) return content.count;
+    if (content.index) {
+        const auto known = content.index->find(key);
+        return known == content.index->end() ? content.count : known->second;
     }
-    const auto known = std::find_if(m_properties, m_properties + m_count,
+    const auto known = std::find_if(content.properties, content.properties + content.count,
                                     [key](const Property& property) { return is_same(property.key, key); });
-    return static_cast<std::size_t>(known - m_properties);
+    return static_cast<std::size_t>(known - content.properties);
 }
 
 const PropertyValue* ProjectNode::find(std::string_view key) const {
-    const bool guessed = m_next < m_count && is_same(m_properties[m_next].key, key);
-    const std::size_t place = guessed ? m_next : place_of(key);
-    if (place == m_count) return nullptr;
-    m_next = static_cast<std::uint32_t>(place + 1);
-    return &m_properties[place].value;
+    if (!m_content) return nullptr;
+    Content& content = *m_content;
+    const bool guessed = content.next < content.count && is_same(content.properties[content.next].key, key);
+    const std::size_t place = guessed ? content.next : place_of(content, key, key_bit(key));
+    if (place == content.count) return nullptr;
+    content.next = static_cast<std::uint32_t>(place + 1);
+    return &content.properties[place].value;
 }
 
 }  // namespace host

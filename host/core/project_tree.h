@@ -57,7 +57,10 @@ public:
 
     std::string_view name() const { return m_name; }
     /// In the order of writing.
-    std::span<const Property> properties() const { return {m_properties, m_count}; }
+    std::span<const Property> properties() const {
+        return m_content ? std::span<const Property>(m_content->properties, m_content->count)
+                         : std::span<const Property>();
+    }
 
     /// The children in the order of writing, as pointers to them.
     class Children {
@@ -82,7 +85,7 @@ public:
     private:
         ProjectNode* m_first;
     };
-    Children children() const { return Children(m_first_child); }
+    Children children() const { return Children(m_content ? m_content->first_child : nullptr); }
 
     /// The new child, at the end.
     ProjectNode& add(std::string_view name);
@@ -90,57 +93,74 @@ public:
     ProjectNode* child(std::string_view name) const;
     /// False if the key stands already; the value is then replaced.
     bool set(std::string_view key, PropertyValue value);
+    /// The same for a value of a known kind.
+    template <class Value>
+    bool put(std::string_view key, Value value) {
+        bool is_new = false;
+        Property& property = stored(key, is_new);
+        if constexpr (std::is_same_v<Value, tstringW>) hold_texts();
+        property.value.emplace<Value>(std::move(value));
+        return is_new;
+    }
     /// Null if there is no such key. Reading in the order of writing never searches.
     const PropertyValue* find(std::string_view key) const;
     /// True if nothing was ever written into the node.
-    bool is_empty() const { return m_count == 0 && !m_first_child; }
+    bool is_empty() const { return !m_content || (m_content->count == 0 && !m_content->first_child); }
     /// Forgets what was written. A tree with a memory of its own takes the same memory again. Of a top node alone.
     void clear();
 
 private:
     using Index = std::unordered_map<std::string_view, std::size_t>;
+    /// What was written into a node. Many a node is there for its name alone, and has none.
+    struct Content {
+        Property* properties = nullptr;
+        std::uint32_t count = 0;
+        std::uint32_t capacity = 0;
+        // A bit for each key that is there, by its hash: where the bit is clear, no search is needed.
+        std::uint64_t key_bits = 0;
+        // Readers ask in the order of writing, so what stands behind the last one found is the likely answer.
+        std::uint32_t next = 0;
+        std::uint32_t child_count = 0;
+        ProjectNode* first_child = nullptr;
+        ProjectNode* last_child = nullptr;
+        // While no name stands twice, what stands behind the child found last is the likely answer.
+        ProjectNode* next_child = nullptr;
+        // A bit for each name of a child, as for the keys.
+        std::uint64_t name_bits = 0;
+        // Made for nodes of very many properties alone.
+        std::unique_ptr<Index> index{};
+        // Made by get_children, and brought up to date there.
+        std::unique_ptr<std::list<pack_node*>> children{};
+        bool names_repeat = false;
+        bool has_texts = false;
+        bool ends_with_memory = false;
+    };
     struct Below {};
     ProjectNode(Below, std::string_view name, ProjectMemory& memory)
         : m_memory(&memory), m_name(name), m_is_below(true) {}
     void take_over(ProjectNode& other) noexcept;
-    /// Ends the texts, which lie outside the memory.
-    void end_texts();
+    /// Ends what the content holds outside the memory.
+    static void end(Content& content);
     /// Sees to it that what a child has outside the memory ends with the memory.
-    void end_with_memory() const;
+    void end_with_memory(Content& content) const;
+    /// Ahead of the first text.
+    void hold_texts();
+    Content& content();
     /// The property of that key, which is made without a value if it is not there.
     Property& stored(std::string_view key, bool& is_new);
-    Property& append(std::string_view key);
+    Property& append(Content& content, std::string_view key);
     /// Where the key stands, or the number of properties.
-    std::size_t place_of(std::string_view key) const;
+    /// `bit` is that of the key.
+    static std::size_t place_of(const Content& content, std::string_view key, std::uint64_t bit);
     ProjectMemory& memory();
 
     /// Null in children, which the top node keeps alive.
     std::shared_ptr<ProjectMemory> m_owned_memory;
     ProjectMemory* m_memory = nullptr;
     std::string_view m_name;
-    Property* m_properties = nullptr;
-    std::uint32_t m_count = 0;
-    std::uint32_t m_capacity = 0;
-    // A bit for each key that is there, by its hash: where the bit is clear, no search is needed.
-    std::uint64_t m_key_bits = 0;
-    ProjectNode* m_first_child = nullptr;
-    ProjectNode* m_last_child = nullptr;
+    Content* m_content = nullptr;
     ProjectNode* m_sibling = nullptr;
-    // A bit for each name of a child, as for the keys.
-    std::uint64_t m_name_bits = 0;
-    // While no name stands twice, what stands behind the child found last is the likely answer.
-    mutable ProjectNode* m_next_child = nullptr;
-    // Made for nodes of very many properties alone.
-    std::unique_ptr<Index> m_index;
-    // Made by get_children, and brought up to date there.
-    mutable std::unique_ptr<std::list<pack_node*>> m_children;
-    // Readers ask in the order of writing, so what stands behind the last one found is the likely answer.
-    mutable std::uint32_t m_next = 0;
-    bool m_has_texts = false;
-    std::uint32_t m_child_count = 0;
-    bool m_names_repeat = false;
     bool m_is_below = false;
-    mutable bool m_ends_with_memory = false;
 };
 
 /// Name of the kind, as files write it: int, bool, float, rect, vec3, vec4 or text.
