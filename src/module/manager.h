@@ -110,7 +110,6 @@ private:
     /// Takes the mouse tool out of the input chain and destroys it; harmless without one.
     GUI_LOCAL void after_run_tool();
     GUI_LOCAL void number_items();
-    GUI_LOCAL void number_shapes_of(CSimpleGUIDialog& dialog);
     GUI_LOCAL void sort_shapes_of(CSimpleGUIDialog& dialog);
     GUI_LOCAL void adopt_shapes();
     /// False when a dialog was never numbered; the order then stays as loaded.

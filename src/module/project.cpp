@@ -1,6 +1,8 @@
 // What belongs to no item of a project, and the tying together of the items that the engine has read one by one.
 
 #include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "animation/anim_node.h"
@@ -49,6 +51,22 @@ Ordered<Item> in_order(const ItemList<Item>& list, Before before) {
     return ordered;
 }
 
+// Gives the number that comes behind those of the list.
+int number_shapes_of(const CSimpleGUIDialog& dialog) {
+    int number = 0;
+    for (auto at = dialog.m_shapes.rbegin(); at != dialog.m_shapes.rend(); ++at) {
+        if (*at) (*at)->m_order_num = number++;
+    }
+    return number;
+}
+
+/// What a dialog lists that does not list all of its shapes.
+struct ShapeList {
+    int next_number = 0;
+    std::unordered_set<const CSimpleGUIShape*> shapes;
+};
+using ShapeLists = std::unordered_map<const CSimpleGUIDialog*, ShapeList>;
+
 }  // namespace
 
 void CSimpleGUIManager::on_clean_project() try {
@@ -82,25 +100,21 @@ void CSimpleGUIManager::number_items() {
     // Dialogs are numbered from the front, shapes from the back: number 0 lies on top in both. What dropped out of a
     // list for its number comes behind the others, so that no two are written alike and nothing drops out again.
     int dialog_number = 0;
+    ShapeLists lists;
     for (const auto* dialogs : {&m_dialogs, &m_unlisted_dialogs}) {
         for (CSimpleGUIDialog* dialog : *dialogs) {
             if (!dialog) continue;
             dialog->m_order_num = dialog_number++;
-            number_shapes_of(*dialog);
+            const int behind = number_shapes_of(*dialog);
+            if (dialog->m_has_unlisted_shapes)
+                lists[dialog] = {behind, {dialog->m_shapes.begin(), dialog->m_shapes.end()}};
         }
     }
-}
-
-void CSimpleGUIManager::number_shapes_of(CSimpleGUIDialog& dialog) {
-    int number = 0;
-    for (auto at = dialog.m_shapes.rbegin(); at != dialog.m_shapes.rend(); ++at) {
-        if (*at) (*at)->m_order_num = number++;
-    }
-    if (!dialog.m_has_unlisted_shapes) return;
+    if (lists.empty()) return;
     for (CSimpleGUIShape* shape : m_shapes) {
-        if (shape && shape->m_parent_dialog == &dialog && !dialog.m_shapes.contains(shape)) {
-            shape->m_order_num = number++;
-        }
+        const auto list = shape ? lists.find(shape->m_parent_dialog) : lists.end();
+        if (list != lists.end() && !list->second.shapes.contains(shape))
+            shape->m_order_num = list->second.next_number++;
     }
 }
 
