@@ -42,6 +42,15 @@ IN_ALL = {
                                     f" them, over {shapes:,} shapes" for shapes in (5000, 10000, 20000, 40000)},
     **{f"resize_of_a_tenth/{shapes}": f"a new view size with all their keys, every dialog scaled, {shapes:,} shapes"
        for shapes in (5000, 10000, 20000, 40000)},
+    **{f"{work}/{scene}/{shapes}": f"{what}, {shapes:,} shapes {where}"
+       for work, what in {"frame_of": "a frame into the null device", "move_over": "a mouse move to other shapes",
+                          "resize_of": "a new view size", "open_and_close": "opening the file and closing it"}.items()
+       for scene, where in {"one_spot": "in dialogs on one spot", "one_dialog": "in one dialog"}.items()
+       for shapes in (5000, 10000)},
+    **{f"animated_resize/{shapes}": f"a new view size, a step and a frame, all of {shapes:,} shapes animated"
+       for shapes in (5000, 10000)},
+    **{f"software_frame/{shapes}": f"a frame of {shapes:,} shapes with its pixels, by SDL's software renderer"
+       for shapes in (1000, 10000)},
     "first_scan": "the names of 2,000 font files that were never read before",
     "scan_again": "the same files at the next project, none of them changed",
     "list_of_the_system": "asking the system which fonts it has",
