@@ -12,8 +12,8 @@
 namespace {
 
 // In nodes: from so far ahead a node is fetched, and then what it points to.
-constexpr std::size_t far_node = 8;
-constexpr std::size_t near_node = 4;
+constexpr std::size_t far_node = 5;
+constexpr std::size_t near_node = 2;
 
 template <class Key>
 void fetch_keys(const NearKeys<Key>& keys) {
