@@ -2,6 +2,7 @@
 
 tstringW wide_from_units(std::u16string_view units) {
     tstringW text;
+    text.reserve(units.size());
     for (std::size_t at = 0; at < units.size(); ++at) {
         const char16_t unit = units[at];
         const bool pair = is_high_surrogate(unit) && at + 1 < units.size() && is_low_surrogate(units[at + 1]);

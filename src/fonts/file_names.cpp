@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <filesystem>
+#include <chrono>
 #include <map>
+#include <span>
 
 #include "engine/services.h"
 #include "fonts/code_units.h"
@@ -14,29 +14,27 @@
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// A file that is read in small pieces from near each other, through a window.
-class FontFile {
+/// A font file, read through a window.
+class FontFile final : public ByteSource {
 public:
     explicit FontFile(platform::InputFile& file) : m_file(file) {}
 
-    std::size_t read(std::uint64_t position, unsigned char* target, std::size_t count) {
-        if (count > m_window.size()) return m_file.read(position, target, count);
-        if (position < m_start || position + count > m_start + m_filled) {
-            m_start = position;
-            m_filled = m_file.read(position, m_window.data(), m_window.size());
-        }
-        const std::size_t there = std::min(count, m_filled - static_cast<std::size_t>(position - m_start));
-        std::memcpy(target, m_window.data() + (position - m_start), there);
-        return there;
+private:
+    std::span<const unsigned char> fetch(std::uint64_t position, std::size_t count) override {
+        // The directory of a font stands at the start of its file, and has about twenty entries of 16 bytes.
+        constexpr std::size_t directory = 512;
+        const bool is_large = count > m_window.size();
+        if (is_large) m_large.resize(count);
+        const std::span<unsigned char> target = is_large ? std::span(m_large) : std::span(m_window);
+        const std::size_t wanted = is_large || position > 0 ? target.size() : std::max(count, directory);
+        m_start = position;
+        m_there = target.first(m_file.read(position, target.data(), wanted));
+        return m_there.first(std::min(count, m_there.size()));
     }
 
-private:
     platform::InputFile& m_file;
     std::array<unsigned char, 4096> m_window;
-    std::uint64_t m_start = 0;
-    std::size_t m_filled = 0;
+    std::vector<unsigned char> m_large;
 };
 
 tstringW text_of(const StoredName& name) {
@@ -56,11 +54,11 @@ tstringW text_of(const StoredName& name) {
 
 std::vector<tstringW> read_names(platform::InputFile& input, FontFileKind kind) {
     FontFile file(input);
-    const ByteReader reader = [&file](std::uint64_t position, unsigned char* target, std::size_t count) {
-        return file.read(position, target, count);
-    };
+    const std::vector<StoredName> stored =
+        kind == FontFileKind::SINGLE ? names_of_font(file) : names_of_collection(file);
     std::vector<tstringW> names;
-    for (const StoredName& name : kind == FontFileKind::SINGLE ? names_of_font(reader) : names_of_collection(reader)) {
+    names.reserve(stored.size());
+    for (const StoredName& name : stored) {
         tstringW text = text_of(name);
         if (!text.empty()) names.push_back(std::move(text));
     }
@@ -70,7 +68,7 @@ std::vector<tstringW> read_names(platform::InputFile& input, FontFileKind kind) 
 // A file that was written a moment ago may change once more within the same tick of the file system's clock, and would
 // then look as before.
 bool is_settled(const platform::FileStamp& stamp) {
-    return fs::file_time_type::clock::now() - stamp.time > std::chrono::seconds(2);
+    return std::chrono::file_clock::now() - stamp.time > std::chrono::seconds(2);
 }
 
 struct Known {
@@ -87,7 +85,7 @@ std::map<Key, Known>& known_files() {
 }  // namespace
 
 std::vector<tstringW> names_of_file(const tstringW& path, FontFileKind kind) {
-    const fs::path file = platform::file_path(path);
+    const platform::NativePath file = platform::file_path(path);
     platform::FileStamp stamp;
     if (!platform::read_stamp(file, stamp)) return {};
     const Key key{path, kind};
@@ -95,8 +93,9 @@ std::vector<tstringW> names_of_file(const tstringW& path, FontFileKind kind) {
     if (known != known_files().end() && known->second.stamp == stamp) return known->second.names;
     platform::InputFile input(file);
     if (!input.is_open()) return {};
+    // The stamp was taken ahead of what is read: a file that changes in between looks otherwise the next time.
     std::vector<tstringW> names = read_names(input, kind);
-    if (is_settled(input.stamp())) known_files().insert_or_assign(key, Known{input.stamp(), names});
+    if (is_settled(stamp)) known_files().insert_or_assign(key, Known{stamp, names});
     return names;
 }
 

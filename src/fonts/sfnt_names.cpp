@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <span>
 
 namespace {
@@ -51,16 +52,22 @@ struct Structure {
 /// The file with its limit. Once a read has come short, all further ones do.
 class Reading {
 public:
-    explicit Reading(const ByteReader& read) : m_read(read) {}
+    explicit Reading(ByteSource& file) : m_file(file) {}
 
-    bool get(std::uint64_t position, std::span<unsigned char> target) {
-        m_good = m_good && target.size() <= m_left && m_read(position, target.data(), target.size()) == target.size();
-        if (m_good) m_left -= target.size();
+    /// `bytes` are valid until the next ones are asked for.
+    bool get(std::uint64_t position, std::size_t count, std::span<const unsigned char>& bytes) {
+        m_good = m_good && count <= m_left;
+        if (m_good) bytes = m_file.look(position, count);
+        m_good = m_good && bytes.size() == count;
+        if (m_good) m_left -= count;
         return m_good;
     }
     template <std::size_t Size>
     bool get(std::uint64_t position, Structure<Size>& target) {
-        return get(position, target.bytes);
+        std::span<const unsigned char> bytes;
+        if (!get(position, Size, bytes)) return false;
+        std::memcpy(target.bytes.data(), bytes.data(), Size);
+        return true;
     }
     /// That a text of this length still counts.
     bool takes_text(std::size_t length) {
@@ -70,7 +77,7 @@ public:
     }
 
 private:
-    const ByteReader& m_read;
+    ByteSource& m_file;
     std::uint64_t m_left = most_bytes;
     std::size_t m_text_left = most_text;
     bool m_good = true;
@@ -113,6 +120,7 @@ StoredName narrow_name(const NameRecord& record, std::span<const unsigned char> 
 StoredName wide_name(std::span<const unsigned char> bytes) {
     StoredName name;
     name.text = StoredName::WIDE;
+    name.wide.reserve((bytes.size() + 1) / 2);
     for (std::size_t at = 0; at < bytes.size(); at += 2) {
         const int low = at + 1 < bytes.size() ? bytes[at + 1] : 0;
         const auto unit = static_cast<char16_t>(bytes[at] << 8 | low);
@@ -128,9 +136,10 @@ bool read_name(Reading& file, std::uint64_t storage, const NameRecord& record, N
     const bool narrow = is_narrow(record);
     if (!narrow && !is_wide(record)) return true;
     const auto length = static_cast<std::size_t>(record.u16(name_record::length));
-    std::vector<unsigned char> bytes(std::min(length, narrow ? longest_text : 2 * longest_text));
-    if (!file.takes_text(bytes.size())) return true;
-    if (!file.get(storage + static_cast<std::uint64_t>(record.u16(name_record::offset)), bytes)) return false;
+    const std::size_t count = std::min(length, narrow ? longest_text : 2 * longest_text);
+    if (!file.takes_text(count)) return true;
+    std::span<const unsigned char> bytes;
+    if (!file.get(storage + static_cast<std::uint64_t>(record.u16(name_record::offset)), count, bytes)) return false;
     StoredName name = narrow ? narrow_name(record, bytes) : wide_name(bytes);
     if (!name.narrow.empty() || !name.wide.empty()) names.push_back(std::move(name));
     return true;
@@ -182,8 +191,8 @@ bool read_font_offsets(Reading& file, std::uint32_t count, std::vector<std::uint
 
 }  // namespace
 
-std::vector<StoredName> names_of_font(const ByteReader& read) {
-    Reading file(read);
+std::vector<StoredName> names_of_font(ByteSource& source) {
+    Reading file(source);
     Structure<offset_table::size> header;
     if (!file.get(0, header)) return {};
     const std::uint32_t version = header.u32(offset_table::version);
@@ -193,8 +202,8 @@ std::vector<StoredName> names_of_font(const ByteReader& read) {
     return names;
 }
 
-std::vector<StoredName> names_of_collection(const ByteReader& read) {
-    Reading file(read);
+std::vector<StoredName> names_of_collection(ByteSource& source) {
+    Reading file(source);
     Structure<collection_header::size> header;
     if (!file.get(0, header)) return {};
     const int version = header.u16(collection_header::major_version);

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -24,9 +24,29 @@ struct StoredName {
     std::u16string wide;
 };
 
-/// Copies `count` bytes from a position of the file to `target` and gives how many there were; fewer only where the
-/// file ends.
-using ByteReader = std::function<std::size_t(std::uint64_t position, unsigned char* target, std::size_t count)>;
+/// The bytes of a file. What is read is many pieces of a few bytes, near each other.
+class ByteSource {
+public:
+    ByteSource() = default;
+    ByteSource(const ByteSource&) = delete;
+    ByteSource& operator=(const ByteSource&) = delete;
+
+    /// So many bytes from that position on, fewer only where the file ends. Valid until the next look.
+    std::span<const unsigned char> look(std::uint64_t position, std::size_t count) {
+        const std::uint64_t begin = position - m_start;
+        const bool is_there = position >= m_start && begin <= m_there.size() && count <= m_there.size() - begin;
+        return is_there ? m_there.subspan(static_cast<std::size_t>(begin), count) : fetch(position, count);
+    }
+
+protected:
+    ~ByteSource() = default;
+    /// The same for bytes that are not there. May put more there, for the next looks.
+    virtual std::span<const unsigned char> fetch(std::uint64_t position, std::size_t count) = 0;
+
+    /// What is there, and where it stands in the file.
+    std::uint64_t m_start = 0;
+    std::span<const unsigned char> m_there;
+};
 
 // Both give the names in the order in which they are met, repetitions included. Any bytes whatever end in a list of
 // moderate size after moderate work:
@@ -43,6 +63,6 @@ constexpr std::size_t most_text = 256u << 10;
 constexpr std::uint64_t most_bytes = 32u << 20;
 
 /// Of a file with one font; nothing of a file that doesn't begin as one, such as a collection.
-std::vector<StoredName> names_of_font(const ByteReader& read);
+std::vector<StoredName> names_of_font(ByteSource& source);
 /// Of all fonts of a collection, by ascending offset, each offset once. The file's tag is not looked at.
-std::vector<StoredName> names_of_collection(const ByteReader& read);
+std::vector<StoredName> names_of_collection(ByteSource& source);

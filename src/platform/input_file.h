@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "platform/platform.h"
+
 namespace platform {
 
 /// How a file looks from outside: one that still looks the same has the same content.
@@ -14,27 +16,23 @@ struct FileStamp {
 };
 
 /// False for what is not there and for devices, pipes and folders, which have no end.
-bool read_stamp(const std::filesystem::path& path, FileStamp& stamp);
+bool read_stamp(const NativePath& path, FileStamp& stamp);
 
-/// A file that is read in pieces from anywhere, without a buffer. Opens nothing but what has a stamp, and never waits
-/// for the other end of a pipe.
+/// A file that is read in pieces from anywhere, without a buffer. Never waits for the other end of a pipe.
 class InputFile {
 public:
-    explicit InputFile(const std::filesystem::path& path);
+    explicit InputFile(const NativePath& path);
     ~InputFile();
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
     bool is_open() const;
-    /// As it looked when it was opened.
-    const FileStamp& stamp() const { return m_stamp; }
     /// Gives how many bytes there were: fewer than `count` only where the file ends or can't be read.
     std::size_t read(std::uint64_t position, unsigned char* target, std::size_t count);
 
 private:
     // The system's handle.
     std::intptr_t m_handle;
-    FileStamp m_stamp;
 };
 
 }  // namespace platform

@@ -49,7 +49,9 @@ std::wstring wide_from_big5(const std::string& text);
 void show_message(const std::wstring& text);
 bool copy_file(const std::wstring& from, const std::wstring& to);
 
-/// A path as the standard library takes it on this system. '\\' separates everywhere.
-std::filesystem::path file_path(const std::wstring& path);
+/// A path as the system takes it.
+using NativePath = std::filesystem::path::string_type;
+/// '\\' separates everywhere.
+NativePath file_path(const std::wstring& path);
 
 }  // namespace platform

@@ -9,13 +9,21 @@
 
 namespace {
 
-ByteReader reader_of(const std::string& bytes) {
-    return [&bytes](std::uint64_t position, unsigned char* target, std::size_t count) {
-        const std::size_t there = position < bytes.size() ? std::min<std::size_t>(count, bytes.size() - position) : 0;
-        if (there > 0) std::memcpy(target, bytes.data() + position, there);
-        return there;
-    };
-}
+// Gives what was looked at last to each next look that lies in it, as a window does.
+class Bytes final : public ByteSource {
+public:
+    explicit Bytes(const std::string& bytes)
+        : m_bytes(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()) {}
+
+private:
+    std::span<const unsigned char> fetch(std::uint64_t position, std::size_t count) override {
+        m_start = position;
+        m_there = position < m_bytes.size() ? m_bytes.subspan(static_cast<std::size_t>(position)) : m_there.first(0);
+        m_there = m_there.first(std::min(count + 20, m_there.size()));
+        return m_there.first(std::min(count, m_there.size()));
+    }
+    std::span<const unsigned char> m_bytes;
+};
 
 // One letter for the kind, then the text; what is wide and beyond ASCII as \x.
 std::vector<std::string> shown(const std::vector<StoredName>& names) {
@@ -30,8 +38,30 @@ std::vector<std::string> shown(const std::vector<StoredName>& names) {
 }
 
 using Texts = std::vector<std::string>;
-Texts single(const std::string& bytes) { return shown(names_of_font(reader_of(bytes))); }
-Texts collection(const std::string& bytes) { return shown(names_of_collection(reader_of(bytes))); }
+Texts single(const std::string& bytes) {
+    Bytes file(bytes);
+    return shown(names_of_font(file));
+}
+Texts collection(const std::string& bytes) {
+    Bytes file(bytes);
+    return shown(names_of_collection(file));
+}
+
+/// Has no end, and counts what it is asked for.
+class Endless final : public ByteSource {
+public:
+    std::uint64_t asked = 0;
+
+private:
+    std::span<const unsigned char> fetch(std::uint64_t position, std::size_t count) override {
+        asked += count;
+        m_bytes.resize(count);
+        for (std::size_t at = 0; at < count; ++at) m_bytes[at] = static_cast<unsigned char>((position + at) * 31);
+        if (position == 0) std::memcpy(m_bytes.data(), collection_head(1, 1000000, {}).data(), count);
+        return m_bytes;
+    }
+    std::vector<unsigned char> m_bytes;
+};
 
 struct ReadingRow {
     const char* what;
@@ -155,14 +185,8 @@ TEST(SfntNames, PassOverWhatIsTooMuch) {
 
 // A million fonts that share one directory of 65535 tables would be read for hours.
 TEST(SfntNames, EndAfterModerateWork) {
-    std::uint64_t asked = 0;
-    const ByteReader endless = [&asked](std::uint64_t position, unsigned char* target, std::size_t count) {
-        asked += count;
-        for (std::size_t at = 0; at < count; ++at) target[at] = static_cast<unsigned char>((position + at) * 31);
-        if (position == 0) std::memcpy(target, collection_head(1, 1000000, {}).data(), count);
-        return count;
-    };
+    Endless endless;
     names_of_collection(endless);
-    EXPECT_LE(asked, most_bytes);
-    EXPECT_GT(asked, most_bytes / 2) << "the file was to be an endless one";
+    EXPECT_LE(endless.asked, most_bytes);
+    EXPECT_GT(endless.asked, most_bytes / 2) << "the file was to be an endless one";
 }

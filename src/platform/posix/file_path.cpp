@@ -3,7 +3,7 @@
 #include "engine/services.h"
 #include "platform/platform.h"
 
-std::filesystem::path platform::file_path(const std::wstring& path) {
+platform::NativePath platform::file_path(const std::wstring& path) {
     std::string bytes;
     WideCharToMultiByte(path, bytes);
     std::replace(bytes.begin(), bytes.end(), '\\', '/');

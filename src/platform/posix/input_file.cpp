@@ -21,18 +21,13 @@ bool stamp_of(const struct stat& seen, platform::FileStamp& stamp) {
 
 }  // namespace
 
-bool platform::read_stamp(const std::filesystem::path& path, FileStamp& stamp) {
+bool platform::read_stamp(const NativePath& path, FileStamp& stamp) {
     struct stat seen;
     return stat(path.c_str(), &seen) == 0 && stamp_of(seen, stamp);
 }
 
-platform::InputFile::InputFile(const std::filesystem::path& path)
-    : m_handle(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
-    struct stat seen;
-    if (!is_open() || (fstat(static_cast<int>(m_handle), &seen) == 0 && stamp_of(seen, m_stamp))) return;
-    close(static_cast<int>(m_handle));
-    m_handle = -1;
-}
+platform::InputFile::InputFile(const NativePath& path)
+    : m_handle(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
 
 platform::InputFile::~InputFile() {
     if (is_open()) close(static_cast<int>(m_handle));

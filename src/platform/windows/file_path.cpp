@@ -1,3 +1,3 @@
 #include "platform/platform.h"
 
-std::filesystem::path platform::file_path(const std::wstring& path) { return path; }
+platform::NativePath platform::file_path(const std::wstring& path) { return path; }

@@ -4,7 +4,8 @@
 
 namespace fs = std::filesystem;
 
-bool platform::read_stamp(const fs::path& path, FileStamp& stamp) {
+bool platform::read_stamp(const NativePath& name, FileStamp& stamp) {
+    const fs::path path(name);
     std::error_code problem;
     if (!fs::is_regular_file(path, problem)) return false;
     stamp.size = fs::file_size(path, problem);
@@ -19,8 +20,7 @@ std::FILE* file_of(std::intptr_t handle) { return reinterpret_cast<std::FILE*>(h
 
 }  // namespace
 
-platform::InputFile::InputFile(const fs::path& path) : m_handle(0) {
-    if (!read_stamp(path, m_stamp)) return;
+platform::InputFile::InputFile(const NativePath& path) : m_handle(0) {
     std::FILE* file = _wfopen(path.c_str(), L"rb");
     if (file) std::setvbuf(file, nullptr, _IONBF, 0);
     m_handle = reinterpret_cast<std::intptr_t>(file);

@@ -103,10 +103,10 @@ void show_message(const std::wstring& text) { MessageBoxW(nullptr, text.c_str(),
 
 // Read as a whole ahead of the first byte written: a file that is its own copy is not emptied.
 bool copy_file(const std::wstring& from, const std::wstring& to) try {
-    std::ifstream source(file_path(from), std::ios::binary);
+    std::ifstream source(std::filesystem::path(file_path(from)), std::ios::binary);
     if (!source) return false;
     const std::string bytes{std::istreambuf_iterator<char>(source), {}};
-    std::ofstream target(file_path(to), std::ios::binary | std::ios::trunc);
+    std::ofstream target(std::filesystem::path(file_path(to)), std::ios::binary | std::ios::trunc);
     target.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     target.close();
     return !source.bad() && !target.fail();
