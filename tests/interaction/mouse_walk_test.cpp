@@ -76,6 +76,8 @@ protected:
             shapes.push_back(shape(*at, any_rect(300)));
         }
         for (CSimpleGUIShape* made : shapes) change(*made);
+        // One whose dialog has gone.
+        shapes.front()->m_parent_dialog->m_shapes.remove(shapes.front());
         shapes.front()->m_parent_dialog = nullptr;
     }
 
