@@ -315,8 +315,10 @@ private:
         return quoted_value(value) && place.property(line.key, value);
     }
 
-    // Up to the character that ends it.
+    // Up to the character that ends it. Nothing else that is taken has other characters than those of ASCII, so that
+    // this is the place to look at them.
     bool with_references(char end, std::string_view& text) {
+        const char* const begin = m_at;
         m_bytes.clear();
         for (; m_at != m_end && *m_at != end; ++m_at) {
             char c = *m_at;
@@ -336,7 +338,7 @@ private:
             m_bytes += c;
         }
         text = m_bytes;
-        return true;
+        return first_bad_byte({begin, static_cast<std::size_t>(m_at - begin)}) == std::string_view::npos;
     }
 
     static bool widened(std::string_view bytes, tstringW& text) {
@@ -411,8 +413,6 @@ bool read_animations(Plain& plain, ProjectDocument& document) {
     }
 }
 
-bool is_text(std::string_view text) { return first_bad_byte(text) == std::string_view::npos; }
-
 }  // namespace
 
 std::optional<ProjectDocument> parse_plain_project(std::string_view text) {
@@ -426,21 +426,21 @@ std::optional<ProjectDocument> parse_plain_project(std::string_view text) {
                       plain.take_next("<items>") && read_items(plain, *document) &&
                       (!plain.take_next("<animations>") || read_animations(plain, *document)) &&
                       plain.take_next("</project>") && (plain.skip_blanks(), plain.is_at_end());
-    if (!good || !is_text(text)) document.reset();
+    if (!good) document.reset();
     return document;
 }
 
 bool ProjectReadBack::gives(std::string_view text, const ProjectNode& modules) {
     Plain plain(text, m_lines);
-    return is_text(text) && plain.take_next("<modules>") &&
-           plain.children(Comparing(&modules), modules_depth, "</modules>") && (plain.skip_blanks(), plain.is_at_end());
+    return plain.take_next("<modules>") && plain.children(Comparing(&modules), modules_depth, "</modules>") &&
+           (plain.skip_blanks(), plain.is_at_end());
 }
 
 bool ProjectReadBack::gives(std::string_view text, const ProjectItem& item) {
     Plain plain(text, m_lines);
     ProjectItem head;
-    return is_text(text) && plain.take_next("<item") && plain.item_head(head) && head.type == item.type &&
-           head.id == item.id && head.parent == item.parent && head.name == item.name && head.visible == item.visible &&
+    return plain.take_next("<item") && plain.item_head(head) && head.type == item.type && head.id == item.id &&
+           head.parent == item.parent && head.name == item.name && head.visible == item.visible &&
            head.flag == item.flag && plain.inside(Comparing(&item.data), item_depth, "</item>") &&
            (plain.skip_blanks(), plain.is_at_end());
 }
@@ -448,7 +448,7 @@ bool ProjectReadBack::gives(std::string_view text, const ProjectItem& item) {
 bool ProjectReadBack::gives(std::string_view text, const ProjectAnimation& animation) {
     ProjectAnimation head;
     Plain plain(text, m_lines);
-    if (!is_text(text) || !plain.take_next("<animation") || !plain.animation_head(head)) return false;
+    if (!plain.take_next("<animation") || !plain.animation_head(head)) return false;
     if (head.name != animation.name || !same_bits(head.info, animation.info)) return false;
     if (head.starts_by_itself != animation.starts_by_itself) return false;
     if (!(animation.nodes.empty() ? plain.take("/>") : plain.take(">"))) return false;
