@@ -13,7 +13,8 @@ template <class Item>
 struct Member {
     const char* name;
     std::variant<int Item::*, bool Item::*, float Item::*, CRect Item::*, VEC4 Item::*, tstringW Item::*,
-                 float (Item::*)[4], font_org_position Item::*, CGuid Item::*>
+                 float (Item::*)[4], font_org_position Item::*, CGuid Item::*, Noted<int, CSimpleGUIShape> Item::*,
+                 Noted<CRect, CSimpleGUIShape> Item::*>
         place;
 };
 
@@ -65,11 +66,19 @@ void store(const Value& value, const std::string& what, font_org_position& posit
     position = static_cast<font_org_position>(number);
 }
 template <class T>
+void store(const Value& value, const std::string& what, Noted<T, CSimpleGUIShape>& target) {
+    read_value(value, what, target.to_write());
+}
+template <class T>
 void store(const Value& value, const std::string& what, T& target) {
     read_value(value, what, target);
 }
 
 Value show(font_org_position position) { return static_cast<int>(position); }
+template <class T>
+Value show(const Noted<T, CSimpleGUIShape>& value) {
+    return value_of(static_cast<const T&>(value));
+}
 template <class T>
 Value show(const T& value) {
     return value_of(value);

@@ -17,7 +17,7 @@ struct AnimatedItem {
 
     bool exists() const { return dialog || shape; }
 
-    const CRect& rect() const { return dialog ? dialog->m_rect : shape->m_rect; }
+    const CRect& rect() const { return dialog ? dialog->get_rect() : shape->get_rect(); }
     int scale_mode() const { return dialog ? dialog->m_bScaleMode : shape->m_bScaleMode; }
     int align_type() const { return dialog ? dialog->m_iAlignType : shape->m_iAlignType; }
     /// As one number, that of the scale mode included.

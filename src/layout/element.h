@@ -4,6 +4,7 @@
 // keeps. Free functions over the fields that both classes name alike.
 
 #include "engine/engine_core.h"
+#include "layout/noted.h"
 #include "layout/persisted_value.h"
 #include "layout/placement.h"
 
@@ -32,10 +33,19 @@ struct PersistedField {
     void* (*address)(Element&);
 };
 
+template <class T>
+void* address_to_write(T& field) {
+    return &field;
+}
+template <class T, class Owner>
+void* address_to_write(Noted<T, Owner>& field) {
+    return &field.to_write();
+}
+
 /// The address of a member, for the tables of persisted fields.
 template <auto Member, class Element>
 void* address_of(Element& element) {
-    return &(element.*Member);
+    return address_to_write(element.*Member);
 }
 
 template <class Element, std::size_t Count>

@@ -48,6 +48,11 @@ public:
             return true;
         }
 
+        /// Where in the list the item stands that a walk to the front has given last.
+        std::size_t place() const { return m_walk.end; }
+        /// A walk to the front goes on with the item ahead of that place, if it has not come further yet.
+        void go_on_ahead_of(std::size_t place) { m_walk.end = std::min(m_walk.end, place); }
+
         /// What a walk to the front will visit in so many steps, if nothing changes; null if nothing. Not to be
         /// touched, only to be fetched.
         const T* ahead(std::size_t steps) const {
@@ -82,6 +87,8 @@ public:
     T* front() const { return first_item(begin(), end()); }
     T* back() const { return first_item(rbegin(), rend()); }
 
+    /// Of the item that begin() gives. Those behind it follow one by one.
+    std::size_t first_place() const { return m_front; }
     /// Plain iteration, for passes in which nothing can change the list. Gives null where an item was taken out.
     auto begin() const { return m_items.begin() + static_cast<std::ptrdiff_t>(m_front); }
     auto end() const { return m_items.end(); }
@@ -118,7 +125,6 @@ public:
 
     /// Replaces all entries. Walks end.
     void assign(std::vector<T*> items) {
-        touch();
         m_items = std::move(items);
         m_front = 0;
         m_walks.end_all();
@@ -158,6 +164,7 @@ private:
 
     // There is no walk.
     void close_gaps() {
+        touch();
         std::size_t to = m_front;
         for (std::size_t from = m_front; from < m_items.size(); ++from) {
             if (!m_items[from]) continue;

@@ -8,6 +8,8 @@
 #include "module/boundary.h"
 #include "module/manager.h"
 
+std::uint64_t CSimpleGUIShape::s_noted_writes = 0;
+
 CSimpleGUIShape::CSimpleGUIShape(CSimpleGUIManager* manager) : m_manager(manager), m_mode_time(present_seconds()) {
     m_type = ITEM_TYPE_SHAPE;
 }

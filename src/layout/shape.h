@@ -2,6 +2,7 @@
 
 #include "engine/engine_system.h"
 #include "layout/item_list.h"
+#include "layout/noted.h"
 
 class CSimpleGUIDialog;
 class CSimpleGUIManager;
@@ -45,12 +46,12 @@ public:
     /// False while the shape is deleted but can still come back.
     bool m_in_scene = true;
     /// In view pixels, not relative to the dialog. Sizes may be 0 or negative.
-    CRect m_rect;
+    Noted<CRect, CSimpleGUIShape> m_rect;
     /// The rectangle's colour where there is no picture; the tint and opacity of the normal picture.
     VEC4 m_color{1.0f, 1.0f, 1.0f, 0.2f};
     tstringW m_title;
     /// A TextureMode: which picture is wanted.
-    int m_texture_mode = MODE_NORMAL;
+    Noted<int, CSimpleGUIShape> m_texture_mode = static_cast<int>(MODE_NORMAL);
     /// Weights of the pictures, indexed by mode, index 0 unused: at the last change of mode, and at the last frame.
     float m_fade_start[4] = {};
     float m_fade_now[4] = {};
@@ -100,4 +101,7 @@ public:
     /// Set by the legacy import for a panel with transparency. Not stored.
     bool m_primary_import = false;
     ListPlaces m_list_places;
+
+    /// How often the noted fields of all shapes were written. Never less than it was.
+    static std::uint64_t s_noted_writes;
 };

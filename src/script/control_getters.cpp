@@ -51,7 +51,7 @@ void Functions::get_ctrl_size(xfunc_desc* call) {
     if (!shape) return;
     // Of a size vector x is the height and y the width.
     call->ret_param->set_VEC(
-        {static_cast<float>(shape->m_rect.Height()), static_cast<float>(shape->m_rect.Width()), 0.0f});
+        {static_cast<float>(shape->get_rect().Height()), static_cast<float>(shape->get_rect().Width()), 0.0f});
 }
 
 void Functions::get_ctrl_title(xfunc_desc* call) {

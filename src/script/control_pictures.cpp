@@ -53,9 +53,10 @@ void Functions::set_ctrl_texture(xfunc_desc* call) {
     const int slot = int_param(call, 1);
     if (is_slot(slot)) shape->*slots[slot] = texture;
     // Of a size vector x is the height and y the width.
-    call->ret_param->set_VEC(
-        picture ? VEC3(static_cast<float>(picture->height), static_cast<float>(picture->width), 0.0f)
-                : VEC3(static_cast<float>(shape->m_rect.Height()), static_cast<float>(shape->m_rect.Width()), 0.0f));
+    call->ret_param->set_VEC(picture
+                                 ? VEC3(static_cast<float>(picture->height), static_cast<float>(picture->width), 0.0f)
+                                 : VEC3(static_cast<float>(shape->get_rect().Height()),
+                                        static_cast<float>(shape->get_rect().Width()), 0.0f));
 }
 
 void Functions::get_ctrl_texture(xfunc_desc* call) {

@@ -58,7 +58,7 @@ protected:
         // Engines and editors write what they like.
         shape.m_texture_mode = one_in(30) ? below(6) : MODE_NORMAL + below(3);
         shape.m_actor->set_visible(!one_in(6));
-        if (one_in(3)) shape.set_rect(any_rect(300));
+        if (one_in(3)) shape.m_rect = any_rect(one_in(8) ? 900 : 300);
         for (ScriptMember member : members) {
             shape.*member = {};
             if (one_in(6)) shape.*member = script([this, &shape, member] { runs.emplace_back(&shape, member); });
@@ -147,7 +147,7 @@ TEST_F(MouseWalk, DoesToAnyCrowdWhatAWalkOverAllOfItDoes) {
     gui.prepare_run();
     std::size_t ran = 0;
     std::size_t hovered = 0;
-    for (int step = 0; step < 5000; ++step) {
+    for (int step = 0; step < 10000; ++step) {
         const Event& event = events[below(static_cast<int>(std::size(events)))];
         const CPoint at{below(820) - 10, below(620) - 10};
         const Outcome expected = plain(event, at, gui.get_hover_shape());
@@ -157,6 +157,8 @@ TEST_F(MouseWalk, DoesToAnyCrowdWhatAWalkOverAllOfItDoes) {
                                        << expected.cursors;
         ran += found.runs.size();
         hovered += found.hover ? 1 : 0;
+        // For long stretches nothing changes but what the mouse does.
+        if (step % 100 < 50) continue;
         for (int changes = below(4); changes > 0; --changes)
             change(*shapes[static_cast<std::size_t>(below(static_cast<int>(shapes.size())))]);
     }
