@@ -23,6 +23,7 @@ public:
     void add_modules(host::ProjectNode& modules) override { m_next.add_modules(modules); }
     void add_item(host::ProjectItem& item) override;
     void add_animation(host::ProjectAnimation& animation) override { m_next.add_animation(animation); }
+    bool has_item(const CGuid& id) const override { return m_next.has_item(id); }
 
     /// How many there are beside the project now.
     std::size_t count() const;

@@ -63,10 +63,10 @@ bool start_animations(host::Engine& engine, const std::vector<std::string>& name
 
 // Part by part, for a small old file can stand for a large new one. Gives how many pictures came along.
 std::optional<std::size_t> save_with_pictures(host::Engine& engine, const std::string& path, std::string& error) try {
-    host::ProjectSave save(engine.scene().size());
+    host::ProjectSave save(path, engine.scene().size());
     CarriedPictures pictures(path, save);
     engine.save_parts(path, pictures);
-    if (!save.write(path, error)) return std::nullopt;
+    if (!save.finish(error)) return std::nullopt;
     return pictures.count();
 } catch (const std::filesystem::filesystem_error& failure) {
     const std::filesystem::path& at = failure.path2().empty() ? failure.path1() : failure.path2();

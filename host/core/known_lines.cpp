@@ -13,13 +13,15 @@ void KnownLines::learn(std::string_view text, KnownLine::Kind kind, std::string_
         line = known->second;
     } else if (m_lines.size() < most_lines && text.size() <= longest_line) {
         const auto breaks = static_cast<int>(std::count(text.begin(), text.end(), '\n'));
-        m_lines.push_back({std::string(text), kind, std::string(key), breaks});
-        line = &m_lines.back();
+        line = &m_lines.emplace_back();
+        line->text = text;
+        line->kind = kind;
+        line->key = key;
+        line->line_breaks = breaks;
         m_by_text.emplace(line->text, line);
     }
     if (!line) return;
-    m_last->behind[1] = m_last->behind[0];
-    m_last->behind[0] = line;
+    m_last->next.add(*line);
     m_last = line;
 }
 

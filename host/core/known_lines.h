@@ -10,7 +10,9 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "host/core/likely_next.h"
 #include "host/core/plain_bytes.h"
+#include "host/core/project_tree.h"
 
 namespace host {
 
@@ -23,9 +25,16 @@ struct KnownLine {
     /// Of the property, or the name of the node.
     std::string key;
     int line_breaks;
-    /// What stood behind it, the last time and before that; null where nothing did.
-    KnownLine* behind[2] = {};
+    /// What stood behind `text` the last time, up to the end of the tag, and the value that it gave; empty if that is
+    /// not kept.
+    std::string value_text{};
+    ValueBits value{};
+    LikelyNext<KnownLine> next{};
 };
+
+inline bool stands_at(std::string_view text, const char* at, const char* end) {
+    return static_cast<std::size_t>(end - at) >= text.size() && is_same(text, {at, text.size()});
+}
 
 class KnownLines {
 public:
@@ -34,17 +43,11 @@ public:
     KnownLines& operator=(const KnownLines&) = delete;
 
     /// The line that stands there, if it stood behind the one found last before; else null, and it is to be read.
-    const KnownLine* find(const char* at, const char* end) {
-        KnownLine*(&likely)[2] = m_last->behind;
-        for (KnownLine*& line : likely) {
-            if (!line) break;
-            const std::size_t size = line->text.size();
-            if (static_cast<std::size_t>(end - at) < size || !is_same(line->text, {at, size})) continue;
-            m_last = line;
-            std::swap(line, likely[0]);
-            return m_last;
-        }
-        return nullptr;
+    KnownLine* find(const char* at, const char* end) {
+        KnownLine* const line =
+            m_last->next.find([at, end](const KnownLine& likely) { return stands_at(likely.text, at, end); });
+        if (line) m_last = line;
+        return line;
     }
     /// A line that was read. `key` holds no references.
     void learn(std::string_view text, KnownLine::Kind kind, std::string_view key);

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace host {
 namespace {
@@ -20,12 +21,16 @@ std::string because(const char* what) { return std::string(what) + ": " + std::s
 
 class Descriptor {
 public:
-    explicit Descriptor(int number) : m_number(number) {}
+    explicit Descriptor(int number = -1) : m_number(number) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() { close(); }
     bool is_open() const { return m_number >= 0; }
     int number() const { return m_number; }
+    void open(int number) {
+        close();
+        m_number = number;
+    }
     // The result counts: some file systems report a full disk only here. Interrupted or not, the number is gone.
     bool close() {
         const int number = m_number;
@@ -84,24 +89,23 @@ public:
         if (m_is_there) ::unlink(m_path.c_str());
     }
 
-    /// Makes a file that is on the disk and closed afterwards, with the rights of `model` or else the usual ones.
-    bool write(const fs::path& model, std::string_view bytes, std::string& error) {
-        Descriptor file(reserve());
-        m_is_there = file.is_open();
-        const char* failed = nullptr;
-        if (!m_is_there)
-            failed = "cannot make a new file in its folder";
-        else if (!set_rights(file.number(), model))
-            failed = "cannot set the rights of the new file";
-        else if (!write_all(file.number(), bytes))
-            failed = "cannot write";
-        else if (uninterrupted([&] { return ::fsync(file.number()); }) != 0)
-            failed = "cannot flush to the disk";
-        else if (!file.close())
-            failed = "cannot finish writing";
-        if (failed) error = because(failed);
-        return !failed;
+    /// Makes an empty file, with the rights of `model` or else the usual ones.
+    bool begin(const fs::path& model, std::string& error) {
+        m_file.open(reserve());
+        m_is_there = m_file.is_open();
+        if (!m_is_there) return failed("cannot make a new file in its folder", error);
+        return set_rights(m_file.number(), model) || failed("cannot set the rights of the new file", error);
     }
+    bool append(std::string_view bytes, std::string& error) const {
+        return write_all(m_file.number(), bytes) || failed("cannot write", error);
+    }
+    /// It is on the disk and closed afterwards.
+    bool finish(std::string& error) {
+        if (uninterrupted([this] { return ::fsync(m_file.number()); }) != 0)
+            return failed("cannot flush to the disk", error);
+        return m_file.close() || failed("cannot finish writing", error);
+    }
+    const std::string& path() const { return m_path; }
 
     /// Becomes a second name of a file, or its copy where the file system knows no second names.
     bool keep(const fs::path& file, std::string& error) {
@@ -110,7 +114,8 @@ public:
             m_is_there = ::link(file.c_str(), m_path.c_str()) == 0;
         }
         std::string bytes;
-        return m_is_there || (read_whole_file(file.string(), SIZE_MAX, bytes, error) && write(file, bytes, error));
+        return m_is_there || (read_whole_file(file.string(), SIZE_MAX, bytes, error) && begin(file, error) &&
+                              append(bytes, error) && finish(error));
     }
 
     bool rename_to(const fs::path& target) {
@@ -120,6 +125,10 @@ public:
     }
 
 private:
+    static bool failed(const char* what, std::string& error) {
+        error = because(what);
+        return false;
+    }
     int reserve() {
         constexpr std::string_view open_end = "XXXXXX";
         m_path.replace(m_path.size() - open_end.size(), open_end.size(), open_end);
@@ -135,6 +144,7 @@ private:
 
     std::string m_path;
     bool m_is_there = false;
+    Descriptor m_file;
 };
 
 // Makes the new name itself survive a crash; a folder that can't be flushed is no reason to fail.
@@ -187,34 +197,66 @@ std::string backup_of(const std::string& path) {
     return target.string() + ".bak";
 }
 
-bool replace_file(const std::string& path, std::string_view bytes, OldFile old_file, std::string& error) {
+/// Made ahead of the new file: once that stands there must be nothing left that asks for memory.
+struct NewFile::Places {
+    explicit Places(const fs::path& file)
+        : target(file), backup(backup_of(file.string())), folder(file.parent_path()), fresh(file), old(file) {}
     fs::path target;
-    if (!follow_links(path, target, error)) return false;
+    fs::path backup;
+    fs::path folder;
+    PassingName fresh;
+    PassingName old;
+};
+
+NewFile::NewFile(std::string path) : m_path(std::move(path)) {}
+
+NewFile::~NewFile() = default;
+
+bool NewFile::begin(std::string& error) {
+    fs::path target;
+    if (!follow_links(m_path, target, error)) return false;
     std::error_code code;
     const fs::file_status status = fs::status(target, code);
     if (fs::exists(status) && !fs::is_regular_file(status)) {
         error = "cannot replace: it is no plain file";
         return false;
     }
-    // Ahead of the new file: once that stands there must be nothing left that asks for memory.
-    const fs::path backup = backup_of(target.string());
-    const fs::path folder = target.parent_path();
-    PassingName fresh(target);
-    if (!fresh.write(target, bytes, error)) return false;
-    PassingName old(target);
-    const bool is_kept = old_file == OldFile::KEPT && fs::exists(status);
-    if (is_kept && !old.keep(target, error)) {
+    auto places = std::make_unique<Places>(target);
+    if (!places->fresh.begin(target, error)) return false;
+    m_places = std::move(places);
+    return true;
+}
+
+bool NewFile::write(std::string_view bytes, std::string& error) {
+    return (m_places || begin(error)) && m_places->fresh.append(bytes, error);
+}
+
+bool NewFile::read(std::string& bytes, std::string& error) const {
+    return read_whole_file(m_places->fresh.path(), SIZE_MAX, bytes, error);
+}
+
+bool NewFile::take_place(OldFile old_file, std::string& error) {
+    Places& places = *m_places;
+    if (!places.fresh.finish(error)) return false;
+    std::error_code code;
+    const bool is_kept = old_file == OldFile::KEPT && fs::exists(fs::status(places.target, code));
+    if (is_kept && !places.old.keep(places.target, error)) {
         error = "cannot keep the old file: " + error;
         return false;
     }
-    if (!fresh.rename_to(target)) {
+    if (!places.fresh.rename_to(places.target)) {
         error = because("cannot put the new file in the place of the old one");
         return false;
     }
     // Behind the new file, so that a save which fails takes nothing from an older version that is still kept.
-    if (is_kept) (void)old.rename_to(backup);
-    flush_folder(folder);
+    if (is_kept) (void)places.old.rename_to(places.backup);
+    flush_folder(places.folder);
     return true;
+}
+
+bool replace_file(const std::string& path, std::string_view bytes, OldFile old_file, std::string& error) {
+    NewFile file(path);
+    return file.write(bytes, error) && file.take_place(old_file, error);
 }
 
 }  // namespace host

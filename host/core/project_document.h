@@ -60,6 +60,8 @@ public:
     virtual void add_modules(ProjectNode& modules) = 0;
     virtual void add_item(ProjectItem& item) = 0;
     virtual void add_animation(ProjectAnimation& animation) = 0;
+    /// Whether an item of that identifier was added.
+    virtual bool has_item(const CGuid& id) const = 0;
 
 protected:
     ~ProjectParts() = default;

@@ -34,7 +34,7 @@ void ProjectMemory::end_all() {
 void ProjectMemory::reset() {
     end_all();
     m_pieces.reset();
-    if (m_names.is_small()) return;
+    if (m_names.used_blocks() <= 2) return;
     m_names.reset();
     m_known = {};
 }

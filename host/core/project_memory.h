@@ -27,6 +27,8 @@ public:
     std::string_view keep(std::string_view name);
     /// Calls `end` with the object in a piece when the pieces are released.
     void at_end(void* object, void (*end)(void*));
+    /// That a tree which is written again and again has left little behind in it.
+    bool is_small() const { return m_pieces.used_blocks() <= 6; }
     /// All pieces are free to be taken again, and so is what was kept, for no tree may refer to it. A few names stay:
     /// the next tree mostly has the same.
     void reset();
@@ -41,7 +43,7 @@ private:
             return piece;
         }
         bool extend(void* piece, std::size_t size, std::size_t larger);
-        bool is_small() const { return m_used_blocks <= 2; }
+        std::size_t used_blocks() const { return m_used_blocks; }
         void reset();
 
     private:

@@ -18,20 +18,32 @@ namespace {
 
 // ---- Where what is read goes ----------------------------------------------------------------------------------------
 
-// There are numbers that differ from themselves.
 template <class Value>
 bool same_bits(const Value& a, const Value& b) {
     using Bits = std::array<std::uint32_t, sizeof(Value) / sizeof(std::uint32_t)>;
     return std::bit_cast<Bits>(a) == std::bit_cast<Bits>(b);
 }
 
+bool is_ascii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
+bool is_text(std::string_view utf8, std::wstring_view text) {
+    // What is ASCII alone is compared without a copy.
+    const auto is_same_ascii = [](char narrow, wchar_t wide) {
+        return is_ascii(narrow) && static_cast<wchar_t>(narrow) == wide;
+    };
+    return std::equal(utf8.begin(), utf8.end(), text.begin(), text.end(), is_same_ascii) || from_utf8(utf8) == text;
+}
+
 /// Makes the node.
 struct Building {
+    // Files are read once, and a look for a value that was there before costs more than it saves.
+    static constexpr bool values_repeat = false;
     ProjectNode* node;
     template <class Value>
     bool property(std::string_view key, Value& value) {
         return node->put(key, std::move(value));
     }
+    bool text(std::string_view key, std::string_view bytes) { return node->put(key, tstringW(from_utf8(bytes))); }
     Building child(std::string_view name) { return {&node->add(name)}; }
     bool is_complete() const { return true; }
 };
@@ -41,16 +53,26 @@ struct Comparing {
     explicit Comparing(const ProjectNode* expected)
         : node(expected),
           next_child(expected ? expected->children().begin() : ProjectNode::Children(nullptr).begin()) {}
+    static constexpr bool values_repeat = true;
     const ProjectNode* node;
     ProjectNode::Children::Iterator next_child;
     std::size_t next_property = 0;
 
+    /// The value that must come next, if it has that key.
+    template <class Value>
+    const Value* next(std::string_view key) {
+        if (!node || next_property == node->properties().size()) return nullptr;
+        const Property& expected = node->properties()[next_property++];
+        return is_same(expected.key, key) ? std::get_if<Value>(&expected.value) : nullptr;
+    }
     template <class Value>
     bool property(std::string_view key, const Value& value) {
-        if (!node || next_property == node->properties().size()) return false;
-        const Property& expected = node->properties()[next_property++];
-        const Value* held = std::get_if<Value>(&expected.value);
-        return held && is_same(expected.key, key) && is_equal(*held, value);
+        const Value* const expected = next<Value>(key);
+        return expected && is_equal(*expected, value);
+    }
+    bool text(std::string_view key, std::string_view bytes) {
+        const tstringW* const expected = next<tstringW>(key);
+        return expected && is_text(bytes, *expected);
     }
     Comparing child(std::string_view name) {
         const ProjectNode* expected = *next_child;
@@ -185,7 +207,7 @@ public:
     template <class Place, std::size_t Size>
     bool children(Place place, int depth, const char (&end_tag)[Size]) {
         for (;;) {
-            if (const KnownLine* const line = m_lines.find(m_at, m_end)) {
+            if (KnownLine* const line = m_lines.find(m_at, m_end)) {
                 if (!known(*line, place, depth)) return false;
                 continue;
             }
@@ -285,7 +307,7 @@ private:
 
     // One whose beginning is known.
     template <class Place>
-    bool known(const KnownLine& line, Place& place, int depth) {
+    bool known(KnownLine& line, Place& place, int depth) {
         m_at += line.text.size();
         m_line += line.line_breaks;
         switch (line.kind) {
@@ -310,9 +332,31 @@ private:
         return false;
     }
     template <class Value, class Place>
-    bool known_property(const KnownLine& line, Place& place) {
+    bool known_property(KnownLine& line, Place& place) {
+        if constexpr (std::is_same_v<Value, tstringW>) {
+            std::string_view bytes;
+            return quoted(bytes) && take("/>") && place.text(line.key, bytes);
+        } else if constexpr (Place::values_repeat) {
+            return repeated_value(line, place.template next<Value>(line.key));
+        } else {
+            Value value{};
+            return quoted_value(value) && place.property(line.key, value);
+        }
+    }
+    // One that must be equal to what is expected; null: nothing is.
+    template <class Value>
+    bool repeated_value(KnownLine& line, const Value* expected) {
+        if (!expected) return false;
+        if (!line.value_text.empty() && stands_at(line.value_text, m_at, m_end)) {
+            m_at += line.value_text.size();
+            return line.value == bits_of(*expected);
+        }
+        const char* const begin = m_at;
         Value value{};
-        return quoted_value(value) && place.property(line.key, value);
+        if (!quoted_value(value)) return false;
+        line.value_text.assign(begin, m_at);
+        line.value = bits_of(value);
+        return line.value == bits_of(*expected);
     }
 
     // Up to the character that ends it. Nothing else that is taken has other characters than those of ASCII, so that
@@ -342,7 +386,11 @@ private:
     }
 
     static bool widened(std::string_view bytes, tstringW& text) {
-        text = from_utf8(bytes);
+        if (std::all_of(bytes.begin(), bytes.end(), is_ascii)) {
+            text.assign(bytes.begin(), bytes.end());
+        } else {
+            text = from_utf8(bytes);
+        }
         return true;
     }
     static bool unescaped(std::string_view bytes, tstringW& text) {
@@ -438,7 +486,7 @@ bool ProjectReadBack::gives(std::string_view text, const ProjectNode& modules) {
 
 bool ProjectReadBack::gives(std::string_view text, const ProjectItem& item) {
     Plain plain(text, m_lines);
-    ProjectItem head;
+    ProjectItem& head = m_head;
     return plain.take_next("<item") && plain.item_head(head) && head.type == item.type && head.id == item.id &&
            head.parent == item.parent && head.name == item.name && head.visible == item.visible &&
            head.flag == item.flag && plain.inside(Comparing(&item.data), item_depth, "</item>") &&

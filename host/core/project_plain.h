@@ -26,6 +26,8 @@ public:
 
 private:
     KnownLines m_lines;
+    // Read again and again, so that its name keeps its memory.
+    ProjectItem m_head;
 };
 
 }  // namespace host

@@ -1,46 +1,77 @@
 #include "host/core/project_save.h"
 
-#include "host/core/project_disk.h"
+#include <algorithm>
+
 #include "host/core/project_file.h"
 
 namespace host {
+namespace {
 
-void ProjectSave::take(const ProjectNode& modules) {
-    if (!m_back.gives(m_text.add_modules(modules), modules)) m_comes_back = false;
+// So much text is written at a time: few calls, and it is still at hand for the processor.
+constexpr std::size_t piece = 256u << 10;
+constexpr std::size_t items_of_a_piece = 200;
+
+}  // namespace
+
+ProjectSave::ProjectSave(const std::string& path, std::size_t items)
+    : m_path(path), m_file(path), m_text(std::min(items, items_of_a_piece)), m_most_text(piece) {
+    m_ids.reserve(items);
 }
 
+void ProjectSave::take(const ProjectNode& modules) { close_part(m_back.gives(m_text.add_modules(modules), modules)); }
+
 void ProjectSave::take(const ProjectItem& item) {
-    const bool has_place = item.parent.is_empty() || m_ids.contains(item.parent);
-    if (!m_back.gives(m_text.add_item(item), item) || !has_place || !m_ids.insert(item.id).second) m_comes_back = false;
+    const bool has_place = item.parent.is_empty() || item.parent == m_last_parent || m_ids.contains(item.parent);
+    if (has_place) m_last_parent = item.parent;
+    close_part(m_back.gives(m_text.add_item(item), item) && has_place && m_ids.insert(item.id).second);
 }
 
 void ProjectSave::take(const ProjectAnimation& animation) {
-    if (!m_back.gives(m_text.add_animation(animation), animation)) m_comes_back = false;
+    close_part(m_back.gives(m_text.add_animation(animation), animation));
+}
+
+void ProjectSave::close_part(bool is_good) {
+    m_comes_back = m_comes_back && is_good;
+    if (m_text.text().size() >= m_most_text) write_text();
+}
+
+void ProjectSave::write_text() {
+    std::string error;
+    if (!m_disk_error.empty() || m_file.write(m_text.text(), error)) {
+        m_text.forget_text();
+    } else if (m_file.is_begun()) {
+        m_disk_error = error;
+    } else {
+        // Its folder may be made by one of the parts to come.
+        m_most_text *= 2;
+    }
 }
 
 // What can't be read again must not take the place of what can.
-std::string ProjectSave::find_fault(std::string_view text) const {
+std::string ProjectSave::find_fault(std::string_view rest) const {
     if (!m_text.error().empty()) return m_text.error();
-    if (m_comes_back) return {};
-    ProjectDocument back;
+    if (m_comes_back || !m_disk_error.empty()) return m_disk_error;
+    std::string text;
     std::string error;
-    return parse_project(text, "the new text", back, error) ? "it would not come back as it is" : error;
+    if (m_file.is_begun() && !m_file.read(text, error)) return error;
+    ProjectDocument back;
+    return parse_project(text.append(rest), "the new text", back, error) ? "it would not come back as it is" : error;
 }
 
-bool ProjectSave::write(const std::string& path, std::string& error) {
-    const std::string_view text = m_text.finish();
-    error = find_fault(text);
-    if (error.empty() && replace_file(path, text, OldFile::KEPT, error)) return true;
-    error = path + ": not saved: " + error;
+bool ProjectSave::finish(std::string& error) {
+    const std::string_view rest = m_text.finish();
+    error = find_fault(rest);
+    if (error.empty() && m_file.write(rest, error) && m_file.take_place(OldFile::KEPT, error)) return true;
+    error = m_path + ": not saved: " + error;
     return false;
 }
 
 bool write_project(const std::string& path, const ProjectDocument& document, std::string& error) {
-    ProjectSave save(document.items.size());
+    ProjectSave save(path, document.items.size());
     save.take(document.modules);
     for (const ProjectItem& item : document.items) save.take(item);
     for (const ProjectAnimation& animation : document.animations) save.take(animation);
-    return save.write(path, error);
+    return save.finish(error);
 }
 
 }  // namespace host

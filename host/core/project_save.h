@@ -1,11 +1,12 @@
 #pragma once
 
-// A project on its way into its file. Each part is read back from its text as soon as that stands, so that no project
-// need be held as a whole, and nothing is written before all of it has come back.
+// A project on its way into its file. Each part is read back from its text as soon as that stands, and written beside
+// the old file, so that no project need be held as a whole. The old file goes once all of it has come back.
 
 #include <string>
 
 #include "host/core/id_set.h"
+#include "host/core/project_disk.h"
 #include "host/core/project_plain.h"
 #include "host/core/project_write.h"
 
@@ -14,25 +15,36 @@ namespace host {
 class ProjectSave final : public ProjectParts {
 public:
     /// For about so many items.
-    explicit ProjectSave(std::size_t items) : m_text(items) {}
+    ProjectSave(const std::string& path, std::size_t items);
     void add_modules(ProjectNode& modules) override { take(modules); }
     void add_item(ProjectItem& item) override { take(item); }
     void add_animation(ProjectAnimation& animation) override { take(animation); }
+    bool has_item(const CGuid& id) const override { return m_ids.contains(id); }
     /// The same, for parts that others keep.
     void take(const ProjectNode& modules);
     void take(const ProjectItem& item);
     void take(const ProjectAnimation& animation);
     /// Once, behind the last part. As write_project.
-    bool write(const std::string& path, std::string& error);
+    bool finish(std::string& error);
 
 private:
-    /// Why the text must not be written; empty if it may.
-    std::string find_fault(std::string_view text) const;
+    /// Whether the part came back and has its place; once it has not, nothing is saved.
+    void close_part(bool is_good);
+    void write_text();
+    /// Why the text must not take the place of the old one; empty if it may.
+    std::string find_fault(std::string_view rest) const;
 
+    std::string m_path;
+    NewFile m_file;
     ProjectText m_text;
+    std::size_t m_most_text;
     ProjectReadBack m_back;
     IdSet m_ids;
+    // Most items have the parent of the one before.
+    CGuid m_last_parent;
     bool m_comes_back = true;
+    // What failed on the disk; empty if nothing did.
+    std::string m_disk_error;
 };
 
 }  // namespace host

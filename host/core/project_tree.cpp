@@ -90,7 +90,7 @@ void ProjectNode::take_over(ProjectNode& other) noexcept {
 }
 
 void ProjectNode::end(Content& content) {
-    if (content.has_texts) std::destroy_n(content.properties, content.count);
+    if (content.has_texts) std::destroy_n(content.properties, content.made);
     content.index.reset();
     content.children.reset();
 }
@@ -101,9 +101,23 @@ void ProjectNode::end_with_memory(Content& content) const {
     content.ends_with_memory = true;
 }
 
-void ProjectNode::clear() {
+void ProjectNode::begin_again() {
+    if (!m_content) return;
+    if (m_memory->is_small()) return begin_again(*m_content);
     *this = ProjectNode(m_name.data(), m_owned_memory);
     if (m_owned_memory.use_count() == 1) m_owned_memory->reset();
+}
+
+// The bits of names stay: with too many of them nothing is overlooked.
+void ProjectNode::begin_again(Content& content) {
+    if (!content.repeats) content.former = content.count;
+    content.repeats = !content.index;
+    if (!content.repeats) content.key_bits = 0;
+    content.index.reset();
+    content.children.reset();
+    content.count = content.next = content.child_count = 0;
+    content.former_child = std::exchange(content.first_child, nullptr);
+    content.last_child = content.next_child = nullptr;
 }
 
 ProjectMemory& ProjectNode::memory() {
@@ -150,6 +164,19 @@ bool ProjectNode::get_string_property(const char* key, tstringW& text) {
 
 ProjectNode& ProjectNode::add(std::string_view name) {
     Content& content = this->content();
+    ProjectNode* const former = content.former_child;
+    if (!former || !is_same(former->m_name, name)) {
+        content.former_child = nullptr;
+        return append_child(content, name);
+    }
+    content.former_child = std::exchange(former->m_sibling, nullptr);
+    if (former->m_content) begin_again(*former->m_content);
+    ++content.child_count;
+    (content.last_child ? content.last_child->m_sibling : content.first_child) = former;
+    return *(content.last_child = former);
+}
+
+ProjectNode& ProjectNode::append_child(Content& content, std::string_view name) {
     auto* const child = new (m_memory->take(sizeof(ProjectNode))) ProjectNode(Below(), m_memory->keep(name), *m_memory);
     const std::uint64_t bit = key_bit(name);
     // Among many the search would cost more than it saves.
@@ -190,6 +217,10 @@ ProjectNode* ProjectNode::child(std::string_view name) const {
 Property& ProjectNode::append(Content& content, std::string_view key) {
     // Ahead of the array, which then may grow where it lies.
     const std::string_view kept = m_memory->keep(key);
+    if (content.count < content.made) {
+        content.properties[content.count].key = kept;
+        return content.properties[content.count++];
+    }
     if (content.count == content.capacity) {
         constexpr std::uint32_t usual = 8;
         const std::uint32_t larger = content.capacity == 0 ? usual : content.capacity * 2;
@@ -201,11 +232,20 @@ Property& ProjectNode::append(Content& content, std::string_view key) {
         }
         content.capacity = larger;
     }
+    ++content.made;
     return *new (content.properties + content.count++) Property{kept, {}};
 }
 
 Property& ProjectNode::stored(std::string_view key, bool& is_new) {
     Content& content = this->content();
+    if (content.repeats) {
+        is_new = content.count < content.former && is_same(content.properties[content.count].key, key);
+        if (is_new) return content.properties[content.count++];
+        // From here on it is a tree like any other.
+        content.repeats = false;
+        content.key_bits = 0;
+        for (const Property& property : properties()) content.key_bits |= key_bit(property.key);
+    }
     const std::uint64_t bit = key_bit(key);
     const std::size_t known = place_of(content, key, bit);
     is_new = known == content.count;

@@ -3,7 +3,9 @@
 // A project in memory: nodes with typed properties and children, exactly as items write them. Knows no file format and
 // no item; files, inspection and scenarios walk the same nodes.
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <list>
 #include <memory>
 #include <span>
@@ -26,6 +28,34 @@ struct StoredBool {
 
 /// What a property holds; the alternative is its kind.
 using PropertyValue = std::variant<int, StoredBool, float, CRect, VEC3, VEC4, tstringW>;
+
+/// Values of other kinds than text are compared bit by bit: there are numbers that differ from themselves.
+struct ValueBits {
+    std::uint64_t low = 0;
+    std::uint64_t high = 0;
+    friend bool operator==(const ValueBits&, const ValueBits&) = default;
+};
+template <class Value>
+ValueBits bits_of(const Value& value) {
+    static_assert(sizeof value <= sizeof(ValueBits) && std::is_trivially_copyable_v<Value>);
+    constexpr std::size_t half = std::min(sizeof value, sizeof(std::uint64_t));
+    ValueBits bits;
+    std::memcpy(&bits.low, &value, half);
+    std::memcpy(&bits.high, reinterpret_cast<const char*>(&value) + half, sizeof value - half);
+    return bits;
+}
+/// Of a text they are all 0.
+inline ValueBits bits_of_value(const PropertyValue& value) {
+    return std::visit(
+        [](const auto& held) {
+            if constexpr (std::is_same_v<decltype(held), const tstringW&>) {
+                return ValueBits();
+            } else {
+                return bits_of(held);
+            }
+        },
+        value);
+}
 
 /// The key belongs to the tree that holds the property.
 struct Property {
@@ -106,8 +136,9 @@ public:
     const PropertyValue* find(std::string_view key) const;
     /// True if nothing was ever written into the node.
     bool is_empty() const { return !m_content || (m_content->count == 0 && !m_content->first_child); }
-    /// Forgets what was written. A tree with a memory of its own takes the same memory again. Of a top node alone.
-    void clear();
+    /// Forgets what was written, for a tree that is written once more, mostly with the same keys and names in the same
+    /// order: those keep their places. Of a top node alone.
+    void begin_again();
 
 private:
     using Index = std::unordered_map<std::string_view, std::size_t>;
@@ -116,6 +147,11 @@ private:
         Property* properties = nullptr;
         std::uint32_t count = 0;
         std::uint32_t capacity = 0;
+        // So many were made, the last of them perhaps for what was written the time before.
+        std::uint32_t made = 0;
+        // So many keys there were the time before, each once, and all so far are the same in the same order.
+        std::uint32_t former = 0;
+        bool repeats = false;
         // A bit for each key that is there, by its hash: where the bit is clear, no search is needed.
         std::uint64_t key_bits = 0;
         // Readers ask in the order of writing, so what stands behind the last one found is the likely answer.
@@ -125,6 +161,8 @@ private:
         ProjectNode* last_child = nullptr;
         // While no name stands twice, what stands behind the child found last is the likely answer.
         ProjectNode* next_child = nullptr;
+        // Of the time before, while all names are the same.
+        ProjectNode* former_child = nullptr;
         // A bit for each name of a child, as for the keys.
         std::uint64_t name_bits = 0;
         // Made for nodes of very many properties alone.
@@ -139,6 +177,7 @@ private:
     ProjectNode(Below, std::string_view name, ProjectMemory& memory)
         : m_memory(&memory), m_name(name), m_is_below(true) {}
     void take_over(ProjectNode& other) noexcept;
+    static void begin_again(Content& content);
     /// Ends what the content holds outside the memory.
     static void end(Content& content);
     /// Sees to it that what a child has outside the memory ends with the memory.
@@ -149,6 +188,7 @@ private:
     /// The property of that key, which is made without a value if it is not there.
     Property& stored(std::string_view key, bool& is_new);
     Property& append(Content& content, std::string_view key);
+    ProjectNode& append_child(Content& content, std::string_view name);
     /// Where the key stands, or the number of properties.
     /// `bit` is that of the key.
     static std::size_t place_of(const Content& content, std::string_view key, std::uint64_t bit);

@@ -44,9 +44,11 @@ char* put_plain(char* to, std::wstring_view text) {
     return to;
 }
 
-// The beginning of a property's tag, by the kind of its value.
-constexpr std::string_view property_tags[] = {"<int", "<bool", "<float", "<rect", "<vec3", "<vec4", "<text"};
-static_assert(std::size(property_tags) == std::variant_size_v<PropertyValue>);
+// The beginning of a line with a key or a name, by its kind.
+constexpr std::string_view line_tags[] = {"<int",  "<bool", "<float", "<rect", "<vec3",
+                                          "<vec4", "<text", "<node",  "<node"};
+static_assert(std::size(line_tags) == FormerLine::EMPTY_NODE + 1);
+constexpr std::string_view attribute_of(std::uint8_t kind) { return kind < FormerLine::NODE ? "key" : "name"; }
 
 // Room for a value or an identifier and what stands around it.
 constexpr std::size_t most_around = 128;
@@ -116,7 +118,7 @@ std::string_view ProjectText::add_animation(const ProjectAnimation& animation) {
 std::string_view ProjectText::finish() {
     close(m_section);
     m_out.append("</project>\n");
-    return m_out.from(0);
+    return text();
 }
 
 void ProjectText::indent() {
@@ -194,15 +196,29 @@ void ProjectText::text_attribute(std::string_view name, std::wstring_view text) 
 }
 
 // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
-void ProjectText::keyed_tag(std::string_view tag, std::string_view name, std::string_view key) {
-    const std::size_t blanks = m_depth * 2;
-    char* const at = m_out.room(blanks + tag.size());
-    m_out.end_at(TextBuffer::put(std::fill_n(at, blanks, ' '), tag));
-    if (plain_attribute(name, key)) return;
+FormerLine* ProjectText::begin_line(FormerLine* line, std::uint8_t kind, std::string_view key) {
     const std::size_t begin = m_out.size();
-    attribute(name, key);
-    if (m_error.empty() && first_bad_byte(m_out.from(begin)) != std::string::npos)
-        m_error.append("the ").append(name).append(" \"").append(key).append("\" cannot stand in a project file");
+    if (line) {
+        m_out.append(line->text, line->head);
+    } else {
+        const std::string_view tag = line_tags[kind];
+        const std::size_t blanks = m_depth * 2;
+        char* const at = m_out.room(blanks + tag.size());
+        m_out.end_at(TextBuffer::put(std::fill_n(at, blanks, ' '), tag));
+        if (!plain_attribute(attribute_of(kind), key)) {
+            const std::size_t key_begin = m_out.size();
+            attribute(attribute_of(kind), key);
+            if (m_error.empty() && first_bad_byte(m_out.from(key_begin)) != std::string::npos)
+                m_error.append("the ")
+                    .append(attribute_of(kind))
+                    .append(" \"")
+                    .append(key)
+                    .append("\" cannot stand in a project file");
+            return nullptr;
+        }
+        line = m_former.add(kind, m_depth, key, m_out.from(begin));
+    }
+    return line;
 }
 
 void ProjectText::write_anim_node(const ProjectAnimNode& node) {
@@ -226,21 +242,41 @@ void ProjectText::write_inside(std::string_view element, const ProjectNode& node
 
 void ProjectText::write_children(const ProjectNode& node) {
     for (const Property& property : node.properties()) write_property(property);
-    for (const ProjectNode* child : node.children()) {
-        keyed_tag("<node", "name", child->name());
-        write_inside("node", *child);
+    for (const ProjectNode* child : node.children()) write_node(*child);
+}
+
+void ProjectText::write_node(const ProjectNode& node) {
+    const std::uint8_t kind = node.is_empty() ? FormerLine::EMPTY_NODE : FormerLine::NODE;
+    FormerLine* line = m_former.find(kind, m_depth, node.name());
+    if (line && line->whole > 0) {
+        m_out.append(line->text, line->whole);
+        return;
     }
+    const std::size_t begin = m_out.size();
+    line = begin_line(line, kind, node.name());
+    write_inside("node", node);
+    if (line && kind == FormerLine::EMPTY_NODE) line->keep(m_out.from(begin), {});
 }
 
 void ProjectText::write_property(const Property& property) {
-    keyed_tag(property_tags[property.value.index()], "key", property.key);
+    const auto kind = static_cast<std::uint8_t>(property.value.index());
+    FormerLine* line = m_former.find(kind, m_depth, property.key);
     if (const tstringW* text = std::get_if<tstringW>(&property.value)) {
+        begin_line(line, kind, property.key);
         write_text(*text);
         return;
     }
+    const ValueBits bits = bits_of_value(property.value);
+    if (line && line->whole > 0 && line->bits == bits) {
+        m_out.append(line->text, line->whole);
+        return;
+    }
+    const std::size_t begin = m_out.size();
+    line = begin_line(line, kind, property.key);
     // No number needs an escape.
     char* const at = m_out.room(most_around);
     m_out.end_at(TextBuffer::put(write_value(TextBuffer::put(at, " value=\""), property.value), "\"/>\n"));
+    if (line) line->keep(m_out.from(begin), bits);
 }
 
 void ProjectText::write_text(const tstringW& text) {

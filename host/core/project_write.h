@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/core/former_lines.h"
 #include "host/core/project_document.h"
 #include "host/core/text_buffer.h"
 
@@ -19,8 +20,11 @@ public:
     std::string_view add_modules(const ProjectNode& modules);
     std::string_view add_item(const ProjectItem& item);
     std::string_view add_animation(const ProjectAnimation& animation);
-    /// The whole text.
+    /// What is there of the text. The first is its end, too.
     std::string_view finish();
+    std::string_view text() const { return m_out.from(0); }
+    /// For one who has taken it: the next parts go on behind it.
+    void forget_text() { m_out.clear(); }
     /// Empty, or why this is no text of a project: a key or a name cannot stand in one.
     const std::string& error() const { return m_error; }
 
@@ -38,14 +42,18 @@ private:
     /// False if the text has to be escaped, and nothing is written.
     template <class Text>
     bool plain_attribute(std::string_view name, const Text& text);
-    void keyed_tag(std::string_view tag, std::string_view name, std::string_view key);
+    /// A line up to its key's quotation mark. `line` is the former one of that kind, or null; gives what the next ones
+    /// have as such, null if it is not kept.
+    FormerLine* begin_line(FormerLine* line, std::uint8_t kind, std::string_view key);
     void write_anim_node(const ProjectAnimNode& node);
     void write_inside(std::string_view element, const ProjectNode& node);
+    void write_node(const ProjectNode& node);
     void write_children(const ProjectNode& node);
     void write_property(const Property& property);
     void write_text(const tstringW& text);
 
     TextBuffer m_out;
+    FormerLines m_former;
     std::size_t m_depth = 1;
     std::string_view m_section;
     std::string m_error;

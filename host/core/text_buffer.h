@@ -3,12 +3,16 @@
 // Text that grows at its end, written without a look at its size for each piece.
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <memory>
 #include <string_view>
 
 namespace host {
+
+/// A place for a line of a usual length.
+using LineText = std::array<char, 96>;
 
 class TextBuffer {
 public:
@@ -24,7 +28,15 @@ public:
     void end_at(const char* end) { m_size = static_cast<std::size_t>(end - m_bytes.get()); }
     void append(std::string_view text) { end_at(put(room(text.size()), text)); }
 
+    /// The first bytes of a line that is kept.
+    void append(const LineText& line, std::size_t size) {
+        // A copy of a size known in advance takes a few steps. What it brings along lies behind the end.
+        std::memcpy(room(line.size()), line.data(), line.size());
+        m_size += size;
+    }
+
     std::size_t size() const { return m_size; }
+    void clear() { m_size = 0; }
     /// Valid until the text grows.
     std::string_view from(std::size_t begin) const { return {m_bytes.get() + begin, m_size - begin}; }
 

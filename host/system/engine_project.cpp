@@ -206,11 +206,10 @@ void Engine::create_animation(const ProjectAnimation& stored, load_operation& op
 struct Engine::Saving {
     ProjectParts& out;
     save_operation operation;
-    IdSet used_ids{};
     /// Those that are in the file, where others may ask for them: what stands above others, or under another identifier
     /// than its own.
     std::unordered_map<const IActor*, CGuid> id_of{};
-    /// The one in work. Its tree is emptied and filled again.
+    /// The one in work. Its tree is written again and again.
     ProjectItem item{};
 };
 
@@ -220,14 +219,17 @@ class DocumentParts final : public ProjectParts {
 public:
     void add_modules(ProjectNode& modules) override { document.modules = std::move(modules); }
     void add_item(ProjectItem& item) override {
+        m_ids.insert(item.id);
         document.items.push_back(std::exchange(item, {}));
         item.data = ProjectNode("item", m_memory);
     }
     void add_animation(ProjectAnimation& animation) override { document.animations.push_back(std::move(animation)); }
+    bool has_item(const CGuid& id) const override { return m_ids.contains(id); }
 
     ProjectDocument document;
 
 private:
+    IdSet m_ids;
     std::shared_ptr<ProjectMemory> m_memory = std::make_shared<ProjectMemory>();
 };
 
@@ -240,11 +242,11 @@ ProjectDocument Engine::document(const std::string& path) {
 }
 
 bool Engine::save_project(const std::string& path, std::string& error) try {
-    ProjectSave save(m_scene.size());
+    ProjectSave save(path, m_scene.size());
     save_parts(path, save);
-    // Ahead of the file, so that nothing can fail once that is written.
+    // Ahead of the file, so that nothing can fail once that has its place.
     tstringW own_path = m_path_is_fixed ? project_file_path : tstringW(from_utf8(path));
-    if (!save.write(path, error)) return false;
+    if (!save.finish(error)) return false;
     project_file_path.swap(own_path);
     return true;
 } catch (const std::bad_alloc&) {
@@ -286,13 +288,13 @@ void Engine::save_item(const Actor& actor, Saving& saving) {
         if (saved == saving.id_of.end()) return;
         item.parent = saved->second;
     }
-    item.data.clear();
+    item.data.begin_again();
     actor.get_item()->save_to_node(&item.data, saving.operation);
     if (item.data.is_empty()) return;
     item.type = actor.get_item()->get_type();
     item.id = actor.get_id();
     // The file tells items apart by their identifiers, whatever scripts and tools have made of them.
-    while (item.id.is_empty() || !saving.used_ids.insert(item.id).second) item.id = m_scene.new_id();
+    while (item.id.is_empty() || saving.out.has_item(item.id)) item.id = m_scene.new_id();
     if (actor.has_children() || !(item.id == actor.get_id())) saving.id_of[&actor] = item.id;
     item.name = actor.get_name();
     item.visible = actor.is_visible();

@@ -50,7 +50,7 @@ protected:
         if (stored.option != 4) node.set("tex_option", stored.option);
         if (*stored.id) node.set("m_item_id", tstringW(stored.id));
         const CMyComPtr<IBaseItem> item(load_item_from_node("m_texture", &places, load));
-        places.clear();
+        places.begin_again();
         return CMyComPtr<ITexture>(dynamic_cast<ITexture*>(item.get()));
     }
 

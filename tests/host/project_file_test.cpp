@@ -4,7 +4,6 @@
 
 #include <bit>
 #include <cmath>
-#include <functional>
 #include <random>
 #include <regex>
 
@@ -205,29 +204,36 @@ TEST(ProjectFile, ReadingBackFindsEveryWrongByte) {
     expect_every_byte_counts(without_end(text.add_animation(animation)), animation);
 }
 
+namespace {
+
+constexpr const char* some_keys[] = {"a", "ab", "a&", "m_rect", "m_rec", "key=", "value"};
+
+// What stands in it may be written under the same key once more.
+void fill(ProjectNode& node, std::mt19937& random, int depth = 0) {
+    const auto pick = [&random](std::size_t count) { return static_cast<std::size_t>(random() % count); };
+    for (std::size_t count = pick(12); count > 0; --count) {
+        const char* const key = some_keys[pick(std::size(some_keys))];
+        const PropertyValue values[] = {static_cast<int>(pick(3)), StoredBool{1},          0.5f,
+                                        CRect(1, 2, 3, 4),         VEC3(1, 2, 3),          VEC4(1, 2, 3, 4),
+                                        tstringW(L"a\"b"),         tstringW(L"two\nlines")};
+        if (pick(3) > 0)
+            node.set(key, values[pick(std::size(values))]);
+        else if (ProjectNode& child = node.add(key); depth < 3 && pick(2) > 0)
+            fill(child, random, depth + 1);
+    }
+}
+
+}  // namespace
+
 // Items alike, in part alike, and with one kind's key under another kind, in any order and depth.
 TEST(ProjectFile, KeepsItemsWhoseLinesFollowInAnyOrder) {
     std::mt19937 random(5);
-    const auto pick = [&random](unsigned count) { return static_cast<unsigned>(random() % count); };
-    const char* const keys[] = {"a", "ab", "a&", "m_rect", "m_rec", "key=", "value"};
-    const std::function<void(ProjectNode&, int)> fill = [&](ProjectNode& node, int depth) {
-        for (unsigned count = pick(12); count > 0; --count) {
-            const char* const key = keys[pick(static_cast<unsigned>(std::size(keys)))];
-            const PropertyValue values[] = {static_cast<int>(pick(3)), StoredBool{1},          0.5f,
-                                            CRect(1, 2, 3, 4),         VEC3(1, 2, 3),          VEC4(1, 2, 3, 4),
-                                            tstringW(L"a\"b"),         tstringW(L"two\nlines")};
-            if (pick(3) > 0)
-                node.set(key, values[pick(static_cast<unsigned>(std::size(values)))]);
-            else if (ProjectNode& child = node.add(key); depth < 3 && pick(2) > 0)
-                fill(child, depth + 1);
-        }
-    };
     for (int times = 0; times < 20; ++times) {
         ProjectDocument document;
         for (int count = 0; count < 40; ++count) {
             ProjectItem& item = add_item(document);
             item.id = CGuid(GUID{static_cast<std::uint32_t>(count + 1), 0, 0, {}});
-            fill(item.data, 0);
+            fill(item.data, random);
         }
         const ProjectDocument back = reread(document);
         const std::string text = formatted(document);
@@ -237,6 +243,46 @@ TEST(ProjectFile, KeepsItemsWhoseLinesFollowInAnyOrder) {
         ASSERT_TRUE(parse_project(text.substr(text.find('\n') + 1), "p", slowly, error)) << error;
         for (std::size_t at = 0; at < document.items.size(); ++at)
             ASSERT_EQ(back.items[at].line, slowly.items[at].line + 1) << text;
+    }
+}
+
+// A tree that was written before, in a text that has had others, is one like a new one in a new text.
+TEST(ProjectFile, WritesWhatIsWrittenAgainLikeTheFirstTime) {
+    std::mt19937 chance(7);
+    ProjectText text(1);
+    ProjectReadBack reader;
+    ProjectDocument document;
+    ProjectItem again = std::move(add_item(document));
+    std::string last;
+    for (int times = 0; times < 3000; ++times) {
+        // Few trees, so that one often comes twice, also ahead of a part of another one.
+        const unsigned seed = static_cast<unsigned>(chance() % 12);
+        document.items.clear();
+        ProjectItem& fresh = add_item(document);
+        again.data.begin_again();
+        for (ProjectItem* item : {&fresh, &again}) {
+            std::mt19937 random(seed);
+            fill(item->data, random);
+            item->data.set("number", times % 3);
+            if (times % 7 == 0) fill(item->data, random);
+            // So many that they are found by an index.
+            for (int more = times % 50 == 0 ? 100 : 0; more > 0; --more)
+                item->data.set(std::to_string(more % 70), more);
+        }
+        const std::string expected(ProjectText(1).add_item(fresh));
+        ASSERT_EQ(text.add_item(again), expected) << times;
+        ASSERT_TRUE(reader.gives(expected.substr(0, expected.size() - 1), again)) << expected;
+        ASSERT_EQ(reader.gives(last, again), last == expected) << last << expected;
+        last = expected;
+        for (const char* key : some_keys) {
+            const PropertyValue* const wanted = fresh.data.find(key);
+            const PropertyValue* const found = again.data.find(key);
+            ASSERT_EQ(found != nullptr, wanted != nullptr) << key << " in " << expected;
+            if (wanted) {
+                ASSERT_EQ(format_value(*found), format_value(*wanted));
+            }
+            ASSERT_EQ(again.data.child(key) != nullptr, fresh.data.child(key) != nullptr);
+        }
     }
 }
 

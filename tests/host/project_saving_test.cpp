@@ -11,6 +11,7 @@
 #include <set>
 
 #include "host/core/project_file.h"
+#include "host/core/project_save.h"
 
 namespace {
 
@@ -23,6 +24,18 @@ std::string content(const fs::path& path) {
 }
 
 void write(const fs::path& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+
+// More than is written at a time.
+ProjectDocument large_project() {
+    ProjectDocument document;
+    for (std::uint32_t number = 1; number <= 400; ++number) {
+        host::ProjectItem& item = document.items.emplace_back();
+        item.type = 1;
+        item.id = CGuid(GUID{number, 0, 0, {}});
+        item.data.set("key", tstringW(std::wstring(2000, L'x')));
+    }
+    return document;
+}
 
 /// A folder of its own, with an old file in it.
 class Saving : public testing::Test {
@@ -52,9 +65,9 @@ protected:
 
 // Bounds what the process may write to a file, as a full disk does.
 struct FullDisk {
-    FullDisk() {
+    explicit FullDisk(rlim_t size) {
         getrlimit(RLIMIT_FSIZE, &former);
-        const rlimit small{1000, former.rlim_max};
+        const rlimit small{size, former.rlim_max};
         setrlimit(RLIMIT_FSIZE, &small);
     }
     ~FullDisk() {
@@ -81,6 +94,12 @@ struct CommonUser {
 };
 
 }  // namespace
+
+TEST_F(Saving, WritesALargeProjectAsItIs) {
+    const ProjectDocument document = large_project();
+    ASSERT_TRUE(host::write_project(file.string(), document, error)) << error;
+    EXPECT_EQ(content(file), host::format_project(document, error));
+}
 
 TEST_F(Saving, KeepsTheRightsOfTheOldFile) {
     for (const mode_t rights : {0600u, 0640u, 0664u, 0444u}) {
@@ -159,8 +178,42 @@ TEST_F(Saving, LeavesEverythingAsItWasWhereItFails) {
         {"a name beyond the longest", [&] { return save(folder / std::string(300, 'n')); }},
         {"a full disk",
          [&] {
-             const FullDisk full;
+             const FullDisk full(1000);
              return save(file);
+         }},
+        {"a disk that is full behind a part",
+         [&] {
+             const FullDisk full(500'000);
+             return host::write_project(file.string(), large_project(), error);
+         }},
+        {"a disk that is full for a while",
+         [&] {
+             const ProjectDocument document = large_project();
+             host::ProjectSave project(file.string(), document.items.size());
+             project.take(document.modules);
+             {
+                 const FullDisk full(500'000);
+                 for (const host::ProjectItem& item : document.items) project.take(item);
+             }
+             return project.finish(error);
+         }},
+        {"a parent that comes behind",
+         [&] {
+             ProjectDocument document = large_project();
+             document.items.front().parent = document.items.back().id;
+             return host::write_project(file.string(), document, error);
+         }},
+        {"an identifier twice, far behind",
+         [&] {
+             ProjectDocument document = large_project();
+             document.items.back().id = document.items.front().id;
+             return host::write_project(file.string(), document, error);
+         }},
+        {"a name that no file can hold, far behind",
+         [&] {
+             ProjectDocument document = large_project();
+             document.items.back().data.add("\xFF");
+             return host::write_project(file.string(), document, error);
          }},
         {"a closed folder",
          [&] {
