@@ -25,12 +25,17 @@ void Scene::add_property_item(IBaseItem* item, tstringW name) {
 }
 
 IBaseItem* Scene::search_item_by_name(const tstringW& name, unsigned long type) {
-    const Actor* actor = find_by(m_by_name, TypedName{type, name}, true);
-    return actor ? actor->get_item() : nullptr;
+    const TypedName key{NameKey(name), type};
+    if (m_is_clearing) {
+        const Actor* const actor = find_by(m_by_name, key, true);
+        return actor ? actor->get_item() : nullptr;
+    }
+    const TypedName* const known = m_by_name.find_key(key);
+    return known ? known->item : nullptr;
 }
 
 IActor* Scene::search_actor_by_guid(const CGuid& id) { return find_by(m_by_id, id, true); }
-Actor* Scene::find_any(std::wstring_view name) const { return find_by(m_by_any_name, name, false); }
+Actor* Scene::find_any(std::wstring_view name) const { return find_by(m_by_any_name, NameKey(name), false); }
 
 template <class Index, class Key>
 Actor* Scene::find_by(const Index& index, const Key& key, bool in_scene) const {

@@ -12,8 +12,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/core/chance_hash.h"
 #include "host/core/id_set.h"
+#include "host/core/name_key.h"
 #include "host/system/actor.h"
 #include "host/system/earliest_index.h"
 #include "host/system/messages.h"
@@ -23,29 +23,31 @@ namespace host {
 
 /// Item type and name together: of each type there may be an item of the same name.
 struct TypedName {
+    NameKey name;
     unsigned long type;
-    std::wstring_view name;
-    friend bool operator==(const TypedName&, const TypedName&) = default;
+    // What a look-up is after, and no part of what is compared: it stands here so that the actor need not be read.
+    IBaseItem* item = nullptr;
+    friend bool operator==(const TypedName& a, const TypedName& b) { return a.name == b.name && a.type == b.type; }
 };
 struct TypedNameOf {
-    TypedName operator()(const Actor& actor) const { return {actor.type(), actor.get_name()}; }
-};
-struct NameHash {
-    std::size_t operator()(std::wstring_view name) const {
-        return chance_hash(name.data(), name.size() * sizeof(wchar_t));
+    TypedName operator()(const Actor& actor) const {
+        return {NameKey(actor.get_name()), actor.type(), actor.get_item()};
     }
 };
+struct NameHash {
+    std::uint64_t operator()(const NameKey& name) const { return name.hash(); }
+};
 struct TypedNameHash {
-    std::size_t operator()(const TypedName& key) const { return NameHash()(key.name) ^ key.type * 0x9E3779B97F4A7C15u; }
+    std::uint64_t operator()(const TypedName& key) const { return key.name.hash() ^ key.type * 0x9E3779B97F4A7C15u; }
+};
+struct NameOf {
+    NameKey operator()(const Actor& actor) const { return NameKey(actor.get_name()); }
 };
 struct IdOf {
     CGuid operator()(const Actor& actor) const { return actor.get_id(); }
 };
 struct ActorHash {
     std::size_t operator()(const IActor* actor) const;
-};
-struct NameOf {
-    std::wstring_view operator()(const Actor& actor) const { return actor.get_name(); }
 };
 
 /// A global item that the author edits. No module frees it: the list holds it.

@@ -48,7 +48,9 @@ protected:
 
 // Against a search that looks at every actor, through thousands of changes at random.
 TEST_F(SceneTest, LookUpsAreRightThroughEveryChange) {
-    const wchar_t* const names[] = {L"a", L"b", L"", L"欢迎"};
+    // Of lengths and characters that are kept in different ways, and alike where one of them is cut.
+    const wchar_t* const names[] = {
+        L"a", L"b", L"", L"欢迎", L"fifteen letters", L"fifteen letters!", L"\x7F", L"\x17F", L"欢迎欢迎欢迎欢"};
     std::mt19937 random(3);
     const auto pick = [&random](std::size_t count) { return static_cast<std::size_t>(random()) % count; };
     GUID guid{};
@@ -59,8 +61,10 @@ TEST_F(SceneTest, LookUpsAreRightThroughEveryChange) {
     };
     std::vector<Actor*> all;
     const std::function<void(Actor*)> changes[] = {
-        [&](Actor* one) { actor(names[pick(4)], static_cast<unsigned>(1 + pick(2)), pick(2) ? one : nullptr); },
-        [&](Actor* one) { one->set_name(names[pick(4)], true); },
+        [&](Actor* one) {
+            actor(names[pick(std::size(names))], static_cast<unsigned>(1 + pick(2)), pick(2) ? one : nullptr);
+        },
+        [&](Actor* one) { one->set_name(names[pick(std::size(names))], true); },
         [&](Actor* one) { one->set_id(guid); },
         [&](Actor* one) { scene.remove({one}); },
         [&](Actor* one) { scene.restore({one}); },
