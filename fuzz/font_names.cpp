@@ -34,14 +34,29 @@ private:
     std::unique_ptr<unsigned char[]> m_last;
 };
 
-void read(std::vector<StoredName> (*names_of)(ByteSource&), std::span<const unsigned char> bytes) {
-    Counted file(bytes);
-    for (const StoredName& name : names_of(file)) {
-        must(name.narrow.empty() != name.wide.empty(), "a name is narrow or wide, and never empty");
-        must(name.narrow.size() <= longest_text && name.wide.size() <= longest_text, "texts are cut");
-        must(name.narrow.find('\0') == std::string::npos && name.wide.find(u'\0') == std::u16string::npos,
-             "texts end at a zero");
+class Checked final : public NameSink {
+public:
+    void take(const StoredName& name) override {
+        must(!name.bytes.empty(), "a name is never empty");
+        if (name.text == StoredName::WIDE) {
+            check(units_of(name.bytes));
+        } else {
+            check(std::string(name.bytes.begin(), name.bytes.end()));
+        }
     }
+
+private:
+    template <class Text>
+    void check(const Text& text) {
+        must(text.find(typename Text::value_type()) == Text::npos, "texts end at a zero");
+        must(text.size() <= longest_text, "texts are cut");
+    }
+};
+
+void read(void (*names_of)(ByteSource&, NameSink&), std::span<const unsigned char> bytes) {
+    Counted file(bytes);
+    Checked names;
+    names_of(file, names);
     must(file.handed_out <= most_bytes, "work is limited");
 }
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
+bool is_ascii(char32_t c) { return c < 0x80; }
 bool is_surrogate(char32_t c) { return c >= 0xD800 && c <= 0xDFFF; }
 
 char byte(char32_t value) { return static_cast<char>(static_cast<unsigned char>(value)); }
@@ -87,16 +88,24 @@ char32_t next_sequence(std::string_view bytes, std::size_t& at) {
 }  // namespace
 
 std::string to_utf8(std::wstring_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) append_utf8(bytes, next_character(text, at));
+    // Most texts are ASCII from beginning to end.
+    std::string bytes(text.size(), '\0');
+    char* const target = bytes.data();
+    std::size_t at = 0;
+    for (; at < text.size() && is_ascii(static_cast<char32_t>(text[at])); ++at)
+        target[at] = static_cast<char>(text[at]);
+    bytes.resize(at);
+    while (at < text.size()) append_utf8(bytes, next_character(text, at));
     return bytes;
 }
 
 std::wstring from_utf8(std::string_view bytes) {
-    std::wstring text;
-    text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();) append_wide(text, next_sequence(bytes, at));
+    std::wstring text(bytes.size(), L'\0');
+    std::size_t at = 0;
+    for (; at < bytes.size() && is_ascii(static_cast<unsigned char>(bytes[at])); ++at)
+        text[at] = static_cast<wchar_t>(bytes[at]);
+    text.resize(at);
+    while (at < bytes.size()) append_wide(text, next_sequence(bytes, at));
     return text;
 }
 

@@ -1,19 +1,24 @@
 #include "fonts/code_units.h"
 
+void join_surrogates(std::wstring& text) {
+    if constexpr (sizeof(wchar_t) == sizeof(char16_t)) return;
+    const auto unit = [&text](std::size_t at) { return static_cast<char16_t>(text[at]); };
+    std::size_t end = 0;
+    while (end < text.size() && !is_high_surrogate(unit(end))) ++end;
+    for (std::size_t at = end; at < text.size(); ++at, ++end) {
+        text[end] = text[at];
+        if (!is_high_surrogate(unit(at)) || at + 1 == text.size() || !is_low_surrogate(unit(at + 1))) continue;
+        const char32_t high = unit(at) - 0xD800u;
+        const char32_t low = unit(++at) - 0xDC00u;
+        text[end] = static_cast<wchar_t>(0x10000u + (high << 10) + low);
+    }
+    text.resize(end);
+}
+
 tstringW wide_from_units(std::u16string_view units) {
     tstringW text;
-    text.reserve(units.size());
-    for (std::size_t at = 0; at < units.size(); ++at) {
-        const char16_t unit = units[at];
-        const bool pair = is_high_surrogate(unit) && at + 1 < units.size() && is_low_surrogate(units[at + 1]);
-        if (sizeof(wchar_t) == sizeof(char16_t) || !pair) {
-            text.push_back(static_cast<wchar_t>(unit));
-            continue;
-        }
-        const char32_t high = unit - 0xD800u;
-        const char32_t low = units[++at] - 0xDC00u;
-        text.push_back(static_cast<wchar_t>(0x10000u + (high << 10) + low));
-    }
+    text.assign(units.begin(), units.end());
+    join_surrogates(text);
     return text;
 }
 

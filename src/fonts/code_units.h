@@ -11,5 +11,7 @@ constexpr bool is_low_surrogate(char16_t unit) { return unit >= 0xDC00 && unit <
 
 /// Joins surrogate pairs where a wide character has 32 bits. A half without its other half stays as it is.
 tstringW wide_from_units(std::u16string_view units);
+/// The same in a text whose characters are such units.
+void join_surrogates(std::wstring& text);
 /// Splits characters beyond 16 bits into surrogate pairs. What is no character becomes U+FFFD.
 std::u16string units_from_wide(const std::wstring& text);

@@ -37,32 +37,42 @@ private:
     std::vector<unsigned char> m_large;
 };
 
-tstringW text_of(const StoredName& name) {
-    std::wstring text;
-    switch (name.text) {
-        case StoredName::NARROW:
-            MultiByteToWideChar(name.narrow, text);
-            break;
-        case StoredName::BIG5:
-            text = platform::wide_from_big5(name.narrow);
-            break;
-        case StoredName::WIDE:
-            return wide_from_units(name.wide);
+/// Makes a text of each name.
+class Texts final : public NameSink {
+public:
+    std::vector<tstringW> all;
+
+    void take(const StoredName& name) override {
+        tstringW text = text_of(name);
+        if (!text.empty()) all.push_back(std::move(text));
     }
-    return text;
-}
+
+private:
+    tstringW text_of(const StoredName& name) {
+        std::wstring text;
+        if (name.text == StoredName::WIDE) {
+            text = units_of(name.bytes);
+            join_surrogates(text);
+            return text;
+        }
+        m_narrow.assign(name.bytes.begin(), name.bytes.end());
+        if (name.text == StoredName::BIG5) return platform::wide_from_big5(m_narrow);
+        MultiByteToWideChar(m_narrow, text);
+        return text;
+    }
+
+    // Kept from name to name, so that each asks for the memory of its text alone.
+    std::string m_narrow;
+};
 
 std::vector<tstringW> read_names(platform::InputFile& input, FontFileKind kind) {
+    // A font has a full name and a PostScript name, each in one or two encodings.
+    constexpr std::size_t usual_names = 4;
     FontFile file(input);
-    const std::vector<StoredName> stored =
-        kind == FontFileKind::SINGLE ? names_of_font(file) : names_of_collection(file);
-    std::vector<tstringW> names;
-    names.reserve(stored.size());
-    for (const StoredName& name : stored) {
-        tstringW text = text_of(name);
-        if (!text.empty()) names.push_back(std::move(text));
-    }
-    return names;
+    Texts names;
+    names.all.reserve(usual_names);
+    kind == FontFileKind::SINGLE ? names_of_font(file, names) : names_of_collection(file, names);
+    return std::move(names.all);
 }
 
 // A file that was written a moment ago may change once more within the same tick of the file system's clock, and would

@@ -1,9 +1,9 @@
 #include "fonts/sfnt_names.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <span>
+#include <vector>
 
 namespace {
 
@@ -38,10 +38,11 @@ constexpr int english_langids[] = {0x0C09, 0x2809, 0x1009, 0x2409, 0x4009, 0x180
                                    0x1409, 0x3409, 0x4809, 0x1C09, 0x2C09, 0x0809, 0x0409, 0x3009};
 constexpr int chinese_langids[] = {0x0C04, 0x1404, 0x0804, 0x1004, 0x0404};
 
-/// The bytes of one structure.
+/// The bytes of one structure, where they were read: valid until the next are asked for.
 template <std::size_t Size>
 struct Structure {
-    std::array<unsigned char, Size> bytes;
+    static constexpr std::size_t size = Size;
+    const unsigned char* bytes = nullptr;
 
     int u16(std::size_t at) const { return bytes[at] << 8 | bytes[at + 1]; }
     std::uint32_t u32(std::size_t at) const {
@@ -66,8 +67,20 @@ public:
     bool get(std::uint64_t position, Structure<Size>& target) {
         std::span<const unsigned char> bytes;
         if (!get(position, Size, bytes)) return false;
-        std::memcpy(target.bytes.data(), bytes.data(), Size);
+        target.bytes = bytes.data();
         return true;
+    }
+    /// How many of so many structures in a row lie ahead of the first wanted one, as far as they are at hand. Those
+    /// count as read; what follows them is to be read by get.
+    template <class Record, class IsWanted>
+    std::size_t pass_over(std::uint64_t position, std::size_t most, IsWanted is_wanted) {
+        if (!m_good) return 0;
+        const std::span<const unsigned char> bytes = m_file.at_hand(position);
+        const std::size_t fits = std::min(bytes.size() / Record::size, static_cast<std::size_t>(m_left / Record::size));
+        std::size_t passed = 0;
+        while (passed < std::min(most, fits) && !is_wanted(Record{bytes.data() + passed * Record::size})) ++passed;
+        m_left -= passed * Record::size;
+        return passed;
     }
     /// That a text of this length still counts.
     bool takes_text(std::size_t length) {
@@ -107,74 +120,75 @@ bool is_wide(const NameRecord& record) {
            (is_one_of(english_langids, language) || is_one_of(chinese_langids, language));
 }
 
-StoredName narrow_name(const NameRecord& record, std::span<const unsigned char> bytes) {
-    StoredName name;
-    const bool is_big5 = record.u16(name_record::platform) == macintosh &&
-                         record.u16(name_record::language) == macintosh_traditional_chinese;
-    name.text = is_big5 ? StoredName::BIG5 : StoredName::NARROW;
-    name.narrow.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), 0));
-    return name;
+StoredName narrow_name(bool is_big5, std::span<const unsigned char> bytes) {
+    const void* const zero = bytes.empty() ? nullptr : std::memchr(bytes.data(), 0, bytes.size());
+    const auto* const end = zero ? static_cast<const unsigned char*>(zero) : bytes.data() + bytes.size();
+    return {is_big5 ? StoredName::BIG5 : StoredName::NARROW, {bytes.data(), end}};
 }
 
-// An odd last byte is the upper half of a unit whose lower half is 0.
 StoredName wide_name(std::span<const unsigned char> bytes) {
-    StoredName name;
-    name.text = StoredName::WIDE;
-    name.wide.reserve((bytes.size() + 1) / 2);
-    for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        const int low = at + 1 < bytes.size() ? bytes[at + 1] : 0;
-        const auto unit = static_cast<char16_t>(bytes[at] << 8 | low);
-        if (unit == 0) break;
-        name.wide.push_back(unit);
-    }
-    return name;
+    std::size_t end = 0;
+    while (end < bytes.size() && (bytes[end] != 0 || (end + 1 < bytes.size() && bytes[end + 1] != 0))) end += 2;
+    return {StoredName::WIDE, bytes.first(std::min(end, bytes.size()))};
 }
 
-using Names = std::vector<StoredName>;
-
-bool read_name(Reading& file, std::uint64_t storage, const NameRecord& record, Names& names) {
+bool read_name(Reading& file, std::uint64_t storage, const NameRecord& record, NameSink& sink) {
     const bool narrow = is_narrow(record);
     if (!narrow && !is_wide(record)) return true;
+    const bool is_big5 = record.u16(name_record::platform) == macintosh &&
+                         record.u16(name_record::language) == macintosh_traditional_chinese;
     const auto length = static_cast<std::size_t>(record.u16(name_record::length));
     const std::size_t count = std::min(length, narrow ? longest_text : 2 * longest_text);
     if (!file.takes_text(count)) return true;
     std::span<const unsigned char> bytes;
     if (!file.get(storage + static_cast<std::uint64_t>(record.u16(name_record::offset)), count, bytes)) return false;
-    StoredName name = narrow ? narrow_name(record, bytes) : wide_name(bytes);
-    if (!name.narrow.empty() || !name.wide.empty()) names.push_back(std::move(name));
+    const StoredName name = narrow ? narrow_name(is_big5, bytes) : wide_name(bytes);
+    if (!name.bytes.empty()) sink.take(name);
     return true;
 }
 
-bool walk_names(Reading& file, std::uint64_t table, Names& names) {
+/// Calls `read` with each wanted structure of so many in a row. False: the file has come to its end, or `read` says so.
+template <class Record, class IsWanted, class Read>
+bool walk(Reading& file, std::uint64_t position, int count, IsWanted is_wanted, Read read) {
+    for (auto left = static_cast<std::size_t>(count); left > 0; --left, position += Record::size) {
+        const std::size_t passed = file.pass_over<Record>(position, left, is_wanted);
+        left -= passed;
+        position += passed * Record::size;
+        if (left == 0) return true;
+        Record record;
+        if (!file.get(position, record) || (is_wanted(record) && !read(record))) return false;
+    }
+    return true;
+}
+
+bool walk_names(Reading& file, std::uint64_t table, NameSink& sink) {
     Structure<name_header::size> header;
     if (!file.get(table, header)) return false;
     const std::uint64_t storage = table + static_cast<std::uint64_t>(header.u16(name_header::storage));
-    std::uint64_t position = table + name_header::size;
-    for (int left = header.u16(name_header::record_count); left > 0; --left, position += name_record::size) {
-        NameRecord record;
-        if (!file.get(position, record)) return false;
-        if (is_wanted(record) && !read_name(file, storage, record, names)) return false;
-    }
-    return true;
+    const auto read = [&](const NameRecord& record) { return read_name(file, storage, record, sink); };
+    return walk<NameRecord>(file, table + name_header::size, header.u16(name_header::record_count), is_wanted, read);
 }
 
+using TableRecord = Structure<table_record::size>;
+
 // In capitals or in small letters.
-bool is_name_table(const Structure<table_record::size>& record) {
-    constexpr unsigned char capitals[] = {'N', 'A', 'M', 'E'};
-    return std::equal(
-        std::begin(capitals), std::end(capitals), record.bytes.begin() + table_record::tag,
-        [](unsigned char capital, unsigned char found) { return found == capital || found == (capital | 0x20); });
+bool is_name_table(const TableRecord& record) {
+    constexpr std::uint32_t small_letters = 0x6E616D65, case_bits = 0x20202020;
+    return (record.u32(table_record::tag) | case_bits) == small_letters;
 }
 
 // A font without a name table has no names. False: the file has come to its end.
-bool read_font(Reading& file, std::uint64_t font, const Structure<offset_table::size>& header, Names& names) {
-    std::uint64_t position = font + offset_table::size;
-    for (int left = header.u16(offset_table::table_count); left > 0; --left, position += table_record::size) {
-        Structure<table_record::size> record;
-        if (!file.get(position, record)) return false;
-        if (is_name_table(record)) return walk_names(file, record.u32(table_record::offset), names);
-    }
-    return true;
+bool read_font(Reading& file, std::uint64_t font, const Structure<offset_table::size>& header, NameSink& sink) {
+    std::uint64_t names = 0;
+    bool has_names = false;
+    const auto find = [&](const TableRecord& record) {
+        names = record.u32(table_record::offset);
+        has_names = true;
+        return false;
+    };
+    const int count = header.u16(offset_table::table_count);
+    if (walk<TableRecord>(file, font + offset_table::size, count, is_name_table, find)) return true;
+    return has_names && walk_names(file, names, sink);
 }
 
 // Grows with what was read, never with what was promised.
@@ -191,31 +205,34 @@ bool read_font_offsets(Reading& file, std::uint32_t count, std::vector<std::uint
 
 }  // namespace
 
-std::vector<StoredName> names_of_font(ByteSource& source) {
-    Reading file(source);
-    Structure<offset_table::size> header;
-    if (!file.get(0, header)) return {};
-    const std::uint32_t version = header.u32(offset_table::version);
-    if (version != version_truetype && version != version_opentype) return {};
-    Names names;
-    read_font(file, 0, header, names);
-    return names;
+std::wstring units_of(std::span<const unsigned char> bytes) {
+    std::wstring units((bytes.size() + 1) / 2, L'\0');
+    for (std::size_t at = 0; at < bytes.size() / 2; ++at)
+        units[at] = static_cast<wchar_t>(bytes[2 * at] << 8 | bytes[2 * at + 1]);
+    if (bytes.size() % 2 != 0) units.back() = static_cast<wchar_t>(bytes.back() << 8);
+    return units;
 }
 
-std::vector<StoredName> names_of_collection(ByteSource& source) {
+void names_of_font(ByteSource& source, NameSink& sink) {
+    Reading file(source);
+    Structure<offset_table::size> header;
+    if (!file.get(0, header)) return;
+    const std::uint32_t version = header.u32(offset_table::version);
+    if (version == version_truetype || version == version_opentype) read_font(file, 0, header, sink);
+}
+
+void names_of_collection(ByteSource& source, NameSink& sink) {
     Reading file(source);
     Structure<collection_header::size> header;
-    if (!file.get(0, header)) return {};
+    if (!file.get(0, header)) return;
     const int version = header.u16(collection_header::major_version);
     const std::uint32_t count = header.u32(collection_header::font_count);
     // The count is signed in the file: with the upper bit set it is below 1.
-    if ((version != 1 && version != 2) || count > INT32_MAX) return {};
+    if ((version != 1 && version != 2) || count > INT32_MAX) return;
     std::vector<std::uint32_t> offsets;
-    if (!read_font_offsets(file, count, offsets)) return {};
-    Names names;
+    if (!read_font_offsets(file, count, offsets)) return;
     for (const std::uint32_t font : offsets) {
         Structure<offset_table::size> first;
-        if (!file.get(font, first) || !read_font(file, font, first, names)) break;
+        if (!file.get(font, first) || !read_font(file, font, first, sink)) break;
     }
-    return names;
 }

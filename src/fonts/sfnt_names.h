@@ -7,22 +7,34 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <vector>
 
-/// A full name or a PostScript name as the file holds it. Never empty.
+/// A full name or a PostScript name as the file holds it: without a zero, and never empty.
 struct StoredName {
     enum Text {
-        /// `narrow` holds bytes in the engine's narrow encoding.
+        /// Bytes in the engine's narrow encoding.
         NARROW,
-        /// `narrow` holds Big5 bytes.
+        /// Big5 bytes.
         BIG5,
-        /// `wide` holds the text.
+        /// 16-bit units, the upper byte first; units_of reads them.
         WIDE,
     };
-    Text text = NARROW;
-    std::string narrow;
-    std::u16string wide;
+    Text text;
+    /// Valid only while the sink takes it.
+    std::span<const unsigned char> bytes;
 };
+
+/// Whoever wants the names.
+class NameSink {
+public:
+    virtual void take(const StoredName& name) = 0;
+
+protected:
+    ~NameSink() = default;
+};
+
+/// The units of a wide name, each as a character of its own. An odd last byte is the upper half of a unit whose lower
+/// half is 0.
+std::wstring units_of(std::span<const unsigned char> bytes);
 
 /// The bytes of a file. What is read is many pieces of a few bytes, near each other.
 class ByteSource {
@@ -36,6 +48,11 @@ public:
         const std::uint64_t begin = position - m_start;
         const bool is_there = position >= m_start && begin <= m_there.size() && count <= m_there.size() - begin;
         return is_there ? m_there.subspan(static_cast<std::size_t>(begin), count) : fetch(position, count);
+    }
+    /// What there is from that position on without a fetch; may be nothing.
+    std::span<const unsigned char> at_hand(std::uint64_t position) const {
+        const bool is_there = position >= m_start && position - m_start <= m_there.size();
+        return is_there ? m_there.subspan(static_cast<std::size_t>(position - m_start)) : m_there.first(0);
     }
 
 protected:
@@ -63,6 +80,6 @@ constexpr std::size_t most_text = 256u << 10;
 constexpr std::uint64_t most_bytes = 32u << 20;
 
 /// Of a file with one font; nothing of a file that doesn't begin as one, such as a collection.
-std::vector<StoredName> names_of_font(ByteSource& source);
+void names_of_font(ByteSource& source, NameSink& sink);
 /// Of all fonts of a collection, by ascending offset, each offset once. The file's tag is not looked at.
-std::vector<StoredName> names_of_collection(ByteSource& source);
+void names_of_collection(ByteSource& source, NameSink& sink);

@@ -26,25 +26,36 @@ private:
 };
 
 // One letter for the kind, then the text; what is wide and beyond ASCII as \x.
-std::vector<std::string> shown(const std::vector<StoredName>& names) {
+class Shown final : public NameSink {
+public:
     std::vector<std::string> texts;
-    for (const StoredName& name : names) {
+
+    void take(const StoredName& name) override {
         std::string text(1, "nbw"[name.text]);
-        text += name.narrow;
-        for (const char16_t unit : name.wide) text += unit < 0x80 ? std::string(1, char(unit)) : big_endian(unit, 2);
+        if (name.text == StoredName::WIDE) {
+            for (const wchar_t unit : units_of(name.bytes)) {
+                const auto code = static_cast<char16_t>(unit);
+                text += code < 0x80 ? std::string(1, char(code)) : big_endian(code, 2);
+            }
+        } else {
+            text.append(name.bytes.begin(), name.bytes.end());
+        }
         texts.push_back(text);
     }
-    return texts;
-}
+};
 
 using Texts = std::vector<std::string>;
 Texts single(const std::string& bytes) {
     Bytes file(bytes);
-    return shown(names_of_font(file));
+    Shown names;
+    names_of_font(file, names);
+    return names.texts;
 }
 Texts collection(const std::string& bytes) {
     Bytes file(bytes);
-    return shown(names_of_collection(file));
+    Shown names;
+    names_of_collection(file, names);
+    return names.texts;
 }
 
 /// Has no end, and counts what it is asked for.
@@ -186,7 +197,8 @@ TEST(SfntNames, PassOverWhatIsTooMuch) {
 // A million fonts that share one directory of 65535 tables would be read for hours.
 TEST(SfntNames, EndAfterModerateWork) {
     Endless endless;
-    names_of_collection(endless);
+    Shown names;
+    names_of_collection(endless, names);
     EXPECT_LE(endless.asked, most_bytes);
     EXPECT_GT(endless.asked, most_bytes / 2) << "the file was to be an endless one";
 }
