@@ -18,14 +18,14 @@ inline void fetch(const void* address) {
 inline constexpr std::size_t fetch_distance = 8;
 
 /// Goes ahead of a walk over pointers to shapes from `at` to `end`: call next() at each step of it. `far` fetches parts
-/// of a shape without reading them, `near`, some steps later, what those parts point to.
+/// of a shape without reading them, so many steps ahead; `near`, half as far ahead, what those parts point to.
 template <class Iterator, class Far, class Near>
 class Approach {
 public:
-    Approach(Iterator at, Iterator end, Far far, Near near)
+    Approach(Iterator at, Iterator end, Far far, Near near, std::size_t distance = fetch_distance)
         : m_far_at(at), m_near_at(at), m_end(end), m_far(far), m_near(near) {
-        for (std::size_t step = 0; step < fetch_distance; ++step) go(m_far_at, m_far);
-        for (std::size_t step = 0; step < fetch_distance / 2; ++step) go(m_near_at, m_near);
+        for (std::size_t step = 0; step < distance; ++step) go(m_far_at, m_far);
+        for (std::size_t step = 0; step < distance / 2; ++step) go(m_near_at, m_near);
     }
 
     void next() {
