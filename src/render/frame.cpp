@@ -18,7 +18,7 @@ namespace {
 constexpr float veil_alpha = 0.9f;
 
 // In shapes. A still one is drawn in a few nanoseconds, while its memory takes a hundred and more to come; twice as far
-// costs more again, since what has come goes before it is read.
+// is slower again.
 constexpr std::size_t far_enough = 32;
 
 x3d_viewport viewport_over(const CRect& rect, x3d_viewport viewport) {
