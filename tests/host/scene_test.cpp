@@ -48,9 +48,18 @@ protected:
 
 // Against a search that looks at every actor, through thousands of changes at random.
 TEST_F(SceneTest, LookUpsAreRightThroughEveryChange) {
-    // Of lengths and characters that are kept in different ways, and alike where one of them is cut.
-    const wchar_t* const names[] = {
-        L"a", L"b", L"", L"欢迎", L"fifteen letters", L"fifteen letters!", L"\x7F", L"\x17F", L"欢迎欢迎欢迎欢"};
+    // Of lengths and characters that are kept in different ways, and alike where one of them is cut or the bits of two
+    // run together.
+    const wchar_t* const names[] = {L"a",
+                                    L"b",
+                                    L"",
+                                    L"欢迎",
+                                    L"fifteen letters",
+                                    L"fifteen letters!",
+                                    L"fifteen letters1",
+                                    L"\x7F\x03",
+                                    L"\x17F\x02",
+                                    L"欢迎欢迎欢迎欢"};
     std::mt19937 random(3);
     const auto pick = [&random](std::size_t count) { return static_cast<std::size_t>(random()) % count; };
     GUID guid{};
