@@ -132,7 +132,9 @@ private:
     int reserve() {
         constexpr std::string_view open_end = "XXXXXX";
         m_path.replace(m_path.size() - open_end.size(), open_end.size(), open_end);
-        return ::mkstemp(m_path.data());
+        const int file = ::mkstemp(m_path.data());
+        if (file >= 0) (void)::fcntl(file, F_SETFD, FD_CLOEXEC);
+        return file;
     }
     static bool set_rights(int file, const fs::path& model) {
         struct stat old {};
@@ -221,7 +223,9 @@ bool NewFile::begin(std::string& error) {
         error = "cannot replace: it is no plain file";
         return false;
     }
-    auto places = std::make_unique<Places>(target);
+    // The working folder may be another one by the time that the file takes its place.
+    const fs::path absolute = fs::absolute(target, code);
+    auto places = std::make_unique<Places>(code ? target : absolute);
     if (!places->fresh.begin(target, error)) return false;
     m_places = std::move(places);
     return true;

@@ -28,7 +28,7 @@ public:
     /// Calls `end` with the object in a piece when the pieces are released.
     void at_end(void* object, void (*end)(void*));
     /// That a tree which is written again and again has left little behind in it.
-    bool is_small() const { return m_pieces.used_blocks() <= 6; }
+    bool is_small() const { return m_pieces.used_blocks() <= 6 && m_names.used_blocks() <= 6; }
     /// All pieces are free to be taken again, and so is what was kept, for no tree may refer to it. A few names stay:
     /// the next tree mostly has the same.
     void reset();

@@ -86,7 +86,7 @@ private:
     static bool is_equal(const tstringW& a, const tstringW& b) { return a == b; }
     template <class Value>
     static bool is_equal(const Value& a, const Value& b) {
-        return same_bits(a, b);
+        return bits_of(a) == bits_of(b);
     }
 };
 

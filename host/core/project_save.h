@@ -1,7 +1,8 @@
 #pragma once
 
 // A project on its way into its file. Each part is read back from its text as soon as that stands, and written beside
-// the old file, so that no project need be held as a whole. The old file goes once all of it has come back.
+// the old file as soon as its folder is there, so that no project need be held as a whole. The old file goes once all
+// of it has come back.
 
 #include <string>
 

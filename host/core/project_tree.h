@@ -134,7 +134,7 @@ public:
     }
     /// Null if there is no such key. Reading in the order of writing never searches.
     const PropertyValue* find(std::string_view key) const;
-    /// True if nothing was ever written into the node.
+    /// True if nothing was written into the node, since it was begun again.
     bool is_empty() const { return !m_content || (m_content->count == 0 && !m_content->first_child); }
     /// Forgets what was written, for a tree that is written once more, mostly with the same keys and names in the same
     /// order: those keep their places. Of a top node alone.
@@ -147,7 +147,7 @@ private:
         Property* properties = nullptr;
         std::uint32_t count = 0;
         std::uint32_t capacity = 0;
-        // So many were made, the last of them perhaps for what was written the time before.
+        // So many hold a value. Those behind the count have one of the time before, which is to be ended all the same.
         std::uint32_t made = 0;
         // So many keys there were the time before, each once, and all so far are the same in the same order.
         std::uint32_t former = 0;

@@ -20,10 +20,11 @@ public:
     std::string_view add_modules(const ProjectNode& modules);
     std::string_view add_item(const ProjectItem& item);
     std::string_view add_animation(const ProjectAnimation& animation);
-    /// What is there of the text. The first is its end, too.
+    /// Once, behind the last part. Gives the text.
     std::string_view finish();
+    /// The text so far, but for what was forgotten.
     std::string_view text() const { return m_out.from(0); }
-    /// For one who has taken it: the next parts go on behind it.
+    /// For one who has written it elsewhere: what follows goes on behind it.
     void forget_text() { m_out.clear(); }
     /// Empty, or why this is no text of a project: a key or a name cannot stand in one.
     const std::string& error() const { return m_error; }

@@ -70,7 +70,7 @@ public:
         const Place place = place_of(KeyHash()(key), key);
         return place == SlotTable::none ? nullptr : m_entries[place].first;
     }
-    /// The key of that actor as it was read from it, or null.
+    /// The key of the actor that find gives, as it was read from it, or null.
     const Key* find_key(const Key& key) const {
         const Place place = place_of(KeyHash()(key), key);
         return place == SlotTable::none ? nullptr : &m_entries[place].key;
@@ -78,7 +78,7 @@ public:
 
 private:
     using Place = SlotTable::Place;
-    // The earliest with its key; of an entry that is free, which one is so too.
+    // The earliest with its key; of an entry that is free, the next one that is.
     struct Entry {
         Key key;
         union {

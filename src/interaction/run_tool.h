@@ -18,6 +18,8 @@ public:
     CMTGUIRun(XSystem* system, CSimpleGUIManager* manager);
     /// Leaves no shape pressed or lit.
     ~CMTGUIRun() override;
+    /// Whether it walks the shapes of that manager.
+    bool belongs_to(const CSimpleGUIManager* manager) const { return m_manager == manager; }
 
     /// A press gives true when it ran a script: only then it stays away from the 3D view.
     bool v_on_lbutton_down(unsigned int flags, CPoint position) override;

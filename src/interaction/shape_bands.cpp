@@ -13,7 +13,7 @@ constexpr std::size_t bits_of_word = 64;
 // Fewer shapes are looked at sooner than their bands.
 constexpr std::size_t few = 64;
 
-// So often an event must find all as it was, for a reading costs about as much as so many walks.
+// So many walks in a row must leave all as it was ahead of a reading, which costs about as much as they do.
 constexpr int walks_of_a_reading = 2;
 
 constexpr int most_bands = 128;

@@ -19,7 +19,8 @@ public:
     constexpr operator const T&() const { return m_value; }
     constexpr const T* operator->() const { return &m_value; }
 
-    /// For code that writes by address, and at once: a later writing there is not counted.
+    /// For code that writes by address, and at once: a later writing there is not counted. What only might write, as
+    /// the table of persisted fields, counts too.
     T& to_write() {
         ++Owner::s_noted_writes;
         return m_value;

@@ -70,7 +70,7 @@ CSimpleGUIManager& CSimpleGUIManager::operator=(const CSimpleGUIManager&) = defa
 CSimpleGUIManager::~CSimpleGUIManager() {
     // An engine that closes in the middle of a run would leave the tool in its input chain, walking lists that are
     // gone.
-    if (s_run_tool && m_instance == this) after_run_tool();
+    if (s_run_tool && s_run_tool->belongs_to(this)) after_run_tool();
     m_dialogs.clear();
     m_shapes.clear();
     m_anim_nodes.clear();

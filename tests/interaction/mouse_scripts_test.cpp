@@ -25,8 +25,7 @@ public:
     /// ran are counted.
     std::string events(int count, bool nothing_known, int& scripts) {
         for (; count > 0; --count) {
-            if (nothing_known) gui.m_shapes.front()->m_rect = CRect(gui.m_shapes.front()->get_rect());
-            event();
+            event(nothing_known);
             told += '\n';
             for (const auto& [number, shape] : shapes) told += std::to_string(shape->m_texture_mode);
         }
@@ -56,7 +55,9 @@ private:
             if (below(2) == 0) made->*member = meddles;
         }
     }
-    void event() {
+    void event(bool nothing_known) {
+        if (nothing_known) gui.m_shapes.front()->m_rect = CRect(gui.m_shapes.front()->get_rect());
+        is_plain = nothing_known;
         constexpr bool (CMTGUIRun::*sent[])(unsigned, CPoint) = {
             &CMTGUIRun::v_on_mouse_move, &CMTGUIRun::v_on_mouse_move, &CMTGUIRun::v_on_mouse_move,
             &CMTGUIRun::v_on_lbutton_down, &CMTGUIRun::v_on_lbutton_up};
@@ -91,7 +92,7 @@ private:
             case 6:
                 if (depth > 0) break;
                 ++depth;
-                for (int more = below(6); more > 0; --more) event();
+                for (int more = below(6); more > 0; --more) event(is_plain);
                 --depth;
                 break;
             case 7:
@@ -111,6 +112,7 @@ private:
     std::map<int, CSimpleGUIShape*> shapes;
     int next_number = 0;
     int depth = 0;
+    bool is_plain = false;
     int scripts_run = 0;
     std::string told;
 };
