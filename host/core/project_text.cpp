@@ -257,30 +257,29 @@ std::optional<long long> parse_whole_number(std::string_view text) {
 
 namespace {
 
-// Where the pairs of digits stand in the text, and all pairs.
+// Where the pairs of digits stand in the text.
 constexpr std::size_t place_of_pair[16] = {0, 2, 4, 6, 9, 11, 14, 16, 19, 21, 24, 26, 28, 30, 32, 34};
 constexpr std::size_t dashes[] = {8, 13, 18, 23};
-constexpr auto digit_pairs = [] {
-    std::array<std::array<char, 2>, 256> pairs{};
-    for (std::size_t byte = 0; byte < pairs.size(); ++byte)
-        pairs[byte] = {"0123456789ABCDEF"[byte >> 4], "0123456789ABCDEF"[byte & 15]};
-    return pairs;
-}();
+constexpr std::string_view digits = "0123456789ABCDEF";
 // Of what is no digit it is greater than any.
-constexpr auto digit_values = [] {
+constexpr std::array<std::uint8_t, 256> all_digit_values() {
     std::array<std::uint8_t, 256> values{};
     for (std::size_t c = 0; c < values.size(); ++c) {
         const int value = guid_text::digit(static_cast<wchar_t>(c));
         values[c] = value < 0 ? 0xFF : static_cast<std::uint8_t>(value);
     }
     return values;
-}();
+}
+constexpr std::array<std::uint8_t, 256> digit_values = all_digit_values();
 
 }  // namespace
 
 char* write_guid(char* to, const CGuid& id) {
-    for (std::size_t pair = 0; pair < 16; ++pair)
-        std::memcpy(to + place_of_pair[pair], digit_pairs[id.bytes()[guid_text::byte_of_pair[pair]]].data(), 2);
+    for (std::size_t pair = 0; pair < 16; ++pair) {
+        const std::uint8_t byte = id.bytes()[guid_text::byte_of_pair[pair]];
+        to[place_of_pair[pair]] = digits[byte >> 4];
+        to[place_of_pair[pair] + 1] = digits[byte & 15];
+    }
     for (const std::size_t dash : dashes) to[dash] = '-';
     return to + guid_text::length;
 }
@@ -293,19 +292,18 @@ std::string format_guid(const CGuid& id) {
 
 std::optional<CGuid> parse_guid(std::string_view text) {
     if (text.size() != guid_text::length) return {};
-    GUID id{};
-    auto* const bytes = reinterpret_cast<std::uint8_t*>(&id);
+    std::array<std::uint8_t, sizeof(GUID)> bytes{};
     unsigned wrong = 0;
     for (std::size_t pair = 0; pair < 16; ++pair) {
         const unsigned high = digit_values[static_cast<unsigned char>(text[place_of_pair[pair]])];
         const unsigned low = digit_values[static_cast<unsigned char>(text[place_of_pair[pair] + 1])];
         wrong |= high | low;
-        bytes[guid_text::byte_of_pair[pair]] = static_cast<std::uint8_t>(high * 16 + low);
+        bytes[static_cast<std::size_t>(guid_text::byte_of_pair[pair])] = static_cast<std::uint8_t>(high * 16 + low);
     }
     const bool has_dashes =
         std::all_of(std::begin(dashes), std::end(dashes), [text](std::size_t dash) { return text[dash] == '-'; });
     if (wrong > 15 || !has_dashes) return {};
-    return CGuid(id);
+    return CGuid(std::bit_cast<GUID>(bytes));
 }
 
 namespace {

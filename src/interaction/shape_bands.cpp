@@ -102,7 +102,7 @@ std::size_t ShapeBands::end_of_last(std::size_t end, CPoint position, ModeSet qu
     const Word* const all_columns = m_columns.everywhere();
     const Word* const row = m_rows.band_at(position.y);
     const Word* const all_rows = m_rows.everywhere();
-    const Word* loud[std::tuple_size_v<decltype(m_of_mode)>];
+    const Word* loud[MODE_DOWN + 1];
     std::size_t loud_count = 0;
     for (std::size_t mode = 0; mode < m_of_mode.size(); ++mode) {
         if (!quiet.has(static_cast<int>(mode))) loud[loud_count++] = m_of_mode[mode].data();
