@@ -28,15 +28,15 @@ public:
             return add_behind(m_entries[place], actor);
         // What asks for memory comes ahead of all changes.
         m_slots.make_room_for_one();
-        if (m_free == SlotTable::none) {
-            m_entries.push_back({key, {actor}});
-            m_slots.put(hash, static_cast<Place>(m_entries.size() - 1));
+        const auto end = static_cast<Place>(m_entries.size());
+        const Place place = m_free == SlotTable::none ? end : m_free;
+        if (place == end) {
+            m_entries.push_back({key, actor, end + 1});
         } else {
-            const Place place = m_free;
-            m_free = m_entries[place].next_free;
-            m_entries[place] = {key, {actor}};
-            m_slots.put(hash, place);
+            m_free = m_entries[place].next;
+            m_entries[place] = {key, actor, place + 1};
         }
+        m_slots.put(hash, place);
     }
     /// An actor that is not in the index is passed over. Asks for no memory.
     void remove(const Actor* actor) {
@@ -51,8 +51,10 @@ public:
             put_back(std::move(others), entry, entry.first);
         } else if (others.empty() || others.mapped().empty()) {
             m_slots.erase(hash, place);
-            entry.next_free = m_free;
+            entry.first = nullptr;
+            entry.next = m_free;
             m_free = place;
+            if (m_last_asked == place) m_last_asked = SlotTable::none;
         } else {
             Actor* const next = others.mapped().extract(others.mapped().begin()).mapped();
             put_back(std::move(others), entry, next);
@@ -61,7 +63,7 @@ public:
     void clear() {
         m_slots.clear();
         m_entries = {};
-        m_free = SlotTable::none;
+        m_free = m_last_asked = SlotTable::none;
         m_others.clear();
     }
     static auto key_of(const Actor& actor) { return KeyOf()(actor); }
@@ -69,6 +71,23 @@ public:
     Actor* find(const Key& key) const {
         const Place place = place_of(KeyHash()(key), key);
         return place == SlotTable::none ? nullptr : m_entries[place].first;
+    }
+    /// The same, for who asks for many keys in the same order each time: at the first time that of the creation is
+    /// expected. Then it reads one place, which was fetched while the look-up ahead of it was answered.
+    Actor* find_in_turn(const Key& key) {
+        if (m_last_asked != SlotTable::none) {
+            const Place expected = m_entries[m_last_asked].next;
+            if (expected < m_entries.size() && m_entries[expected].first && m_entries[expected].key == key) {
+                m_last_asked = expected;
+                fetch_next_of(expected);
+                return m_entries[expected].first;
+            }
+        }
+        const Place place = place_of(KeyHash()(key), key);
+        if (place == SlotTable::none) return nullptr;
+        if (m_last_asked != SlotTable::none) m_entries[m_last_asked].next = place;
+        m_last_asked = place;
+        return m_entries[place].first;
     }
     /// The key of the actor that find gives, as it was read from it, or null.
     const Key* find_key(const Key& key) const {
@@ -78,19 +97,25 @@ public:
 
 private:
     using Place = SlotTable::Place;
-    // The earliest with its key; of an entry that is free, the next one that is.
     struct Entry {
         Key key;
-        union {
-            Actor* first;
-            Place next_free;
-        };
+        // The earliest with its key; null in an entry that is free.
+        Actor* first;
+        // What find_in_turn was asked for behind it; in an entry that is free, the next one that is.
+        Place next;
     };
     using Others = std::map<std::uint64_t, Actor*>;
     using OthersByFirst = std::unordered_map<const Actor*, Others>;
 
     Place place_of(std::uint64_t hash, const Key& key) const {
         return m_slots.find(hash, [&](Place place) { return m_entries[place].key == key; });
+    }
+    void fetch_next_of(Place place) const {
+#if defined(__GNUC__)
+        if (const Place next = m_entries[place].next; next < m_entries.size()) __builtin_prefetch(&m_entries[next]);
+#else
+        (void)place;
+#endif
     }
     void add_behind(Entry& entry, Actor* actor) {
         const bool is_earliest = actor->serial() < entry.first->serial();
@@ -102,7 +127,8 @@ private:
     // A node that was taken out goes in again without a question for memory: there is room for as many as before.
     void put_back(typename OthersByFirst::node_type others, Entry& entry, Actor* first) {
         // The key may stand on a name of the former first.
-        entry = {key_of(*first), {first}};
+        entry.key = key_of(*first);
+        entry.first = first;
         if (others.empty() || others.mapped().empty()) return;
         others.key() = first;
         m_others.insert(std::move(others));
@@ -111,6 +137,8 @@ private:
     SlotTable m_slots;
     std::vector<Entry> m_entries;
     Place m_free = SlotTable::none;
+    // Never a free one.
+    Place m_last_asked = SlotTable::none;
     // Those behind the first of a key, by that first; most keys have none.
     OthersByFirst m_others;
 };

@@ -34,7 +34,10 @@ IBaseItem* Scene::search_item_by_name(const tstringW& name, unsigned long type) 
     return known ? known->item : nullptr;
 }
 
-IActor* Scene::search_actor_by_guid(const CGuid& id) { return find_by(m_by_id, id, true); }
+// Animations ask for all their items at each step.
+IActor* Scene::search_actor_by_guid(const CGuid& id) {
+    return m_is_clearing ? find_by(m_by_id, id, true) : m_by_id.find_in_turn(id);
+}
 Actor* Scene::find_any(std::wstring_view name) const { return find_by(m_by_any_name, NameKey(name), false); }
 
 template <class Index, class Key>

@@ -58,6 +58,7 @@ void CSimpleGUIAnimNode::animate(const SAnimateContext& context) try {
 
     IActor* actor = m_manager->get_system()->m_scene_manager->search_actor_by_guid(get_internal_item_id());
     m_step.actor = actor;
+    go_on_to_next_steps();
     if (!actor) return;
     m_step.item = actor->get_item();
     AnimatedItem item = animated_item(*m_manager, actor);

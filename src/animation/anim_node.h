@@ -1,6 +1,7 @@
 #pragma once
 
 #include "animation/near_keys.h"
+#include "animation/spread_fetch.h"
 #include "engine/engine_system.h"
 #include "layout/item_list.h"
 
@@ -60,9 +61,12 @@ private:
         const IBaseItem* item = nullptr;
     };
 
-    /// Fetches what the nodes will read that are animated next, or rescaled next.
+    /// Fetches what the nodes will read that are animated next: some when the step begins, the rest later on, since all
+    /// at once is more than a processor waits for.
     void approach_next_steps();
-    void approach_next_rescalings();
+    static void go_on_to_next_steps();
+    /// What the nodes will read that are rescaled next, to be fetched while this one is.
+    SpreadFetch approach_next_rescalings();
     /// Visits the tracks that a rescaling reads.
     template <class Visit>
     void each_rescaled_track(Visit visit) const;

@@ -102,9 +102,13 @@ void NodeIndex::build_again() {
     }
 }
 
+std::size_t NodeIndex::first_slot_of(const CSimpleGUIShape* shape) const {
+    return static_cast<std::size_t>(hash_of(shape)) & (m_shape_slots.size() - 1);
+}
+
 std::int32_t& NodeIndex::slot_of(const CSimpleGUIShape* shape) {
     const std::size_t mask = m_shape_slots.size() - 1;
-    std::size_t slot = static_cast<std::size_t>(hash_of(shape)) & mask;
+    std::size_t slot = first_slot_of(shape);
     while (m_shape_slots[slot] != none && m_items[static_cast<std::size_t>(m_shape_slots[slot])].shape != shape) {
         slot = (slot + 1) & mask;
     }

@@ -41,18 +41,28 @@ public:
     template <class Visit>
     void each_node_of_shapes(const CSimpleGUIDialog& dialog, Visit visit) {
         const auto& shapes = dialog.m_shapes;
-        // Shapes that are known without being read need not be fetched.
-        Approach approach(m_is_wide ? shapes.end() : shapes.begin(), shapes.end(), fetch_actor_of, fetch_id_of);
-        for (CSimpleGUIShape* shape : shapes) {
-            approach.next();
-            Item* item = shape ? item_of(*shape) : nullptr;
-            if (!item || (item->asked_by == &dialog && item->asked_in == m_operation)) continue;
-            item->asked_by = &dialog;
-            item->asked_in = m_operation;
-            for (std::int32_t at = item->first_node; at != none; at = m_nodes[static_cast<std::size_t>(at)].next) {
-                visit(*shape, *m_nodes[static_cast<std::size_t>(at)].node);
+        const auto each = [&](auto approach) {
+            for (CSimpleGUIShape* shape : shapes) {
+                approach.next();
+                Item* item = shape ? item_of(*shape) : nullptr;
+                if (!item || (item->asked_by == &dialog && item->asked_in == m_operation)) continue;
+                item->asked_by = &dialog;
+                item->asked_in = m_operation;
+                for (std::int32_t at = item->first_node; at != none; at = m_nodes[static_cast<std::size_t>(at)].next) {
+                    visit(*shape, *m_nodes[static_cast<std::size_t>(at)].node);
+                }
             }
-        }
+        };
+        if (!m_is_wide) return each(Approach(shapes.begin(), shapes.end(), fetch_actor_of, fetch_id_of));
+        // The shapes are known without being read.
+        find_items();
+        each(Approach(
+            shapes.begin(), shapes.end(),
+            [this](const CSimpleGUIShape& shape) { fetch(&m_shape_slots[first_slot_of(&shape)]); },
+            [this](const CSimpleGUIShape& shape) {
+                const std::int32_t place = m_shape_slots[first_slot_of(&shape)];
+                if (place != none) fetch(&m_items[static_cast<std::size_t>(place)]);
+            }));
     }
 
 private:
@@ -75,6 +85,7 @@ private:
     Item* find(const CGuid& id);
     void add(CSimpleGUIAnimNode& node);
     void find_items();
+    std::size_t first_slot_of(const CSimpleGUIShape* shape) const;
     std::int32_t& slot_of(const CSimpleGUIShape* shape);
 
     const CSimpleGUIManager* m_manager = nullptr;

@@ -7,8 +7,6 @@
 #include <cstddef>
 #include <vector>
 
-#include "layout/approach.h"
-
 class CSimpleGUIAnimNode;
 
 /// The order in which the nodes came when they last did. Owns nothing, names no node that is gone.
@@ -53,9 +51,3 @@ struct NodeOrders {
     NodeOrder rescalings;
 };
 inline NodeOrders node_orders;
-
-inline void fetch_all(const void* begin, std::size_t bytes) {
-    if (!begin) return;
-    constexpr std::size_t line = 64;
-    for (std::size_t at = 0; at < bytes; at += line) fetch(static_cast<const char*>(begin) + at);
-}

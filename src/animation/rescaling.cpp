@@ -12,6 +12,7 @@
 #include "animation/near_keys.h"
 #include "animation/node_index.h"
 #include "animation/node_order.h"
+#include "animation/spread_fetch.h"
 #include "layout/anchors.h"
 #include "layout/rounding.h"
 
@@ -114,11 +115,12 @@ private:
 // What the keys of a track say, each at its own moment.
 template <class Key>
 void evaluate_keys(TBaseTrack<Key>& track, const Fields<Key>& fields, TBaseTrack<SGuiAlign>* aligns, int otherwise,
-                   const VEC2& frame, std::vector<BothForms>& results) {
+                   const VEC2& frame, SpreadFetch& ahead, std::vector<BothForms>& results) {
     results.clear();
     SearchInOrder<Key> keys(&track);
     SearchInOrder<SGuiAlign> alignments(aligns);
     for (const IKey* key : track.keys()) {
+        ahead.step();
         const float moment = key->get_time();
         const SGuiAlign* leading = alignments.ruling(moment);
         const bool percent_leads = (leading ? leading->m_align : otherwise) == ALIGN_SCALE;
@@ -171,42 +173,47 @@ void CSimpleGUIAnimNode::each_rescaled_track(Visit visit) const {
 }
 
 // From node to tracks to lists to keys, each a node nearer, when what leads there has come.
-void CSimpleGUIAnimNode::approach_next_rescalings() {
+SpreadFetch CSimpleGUIAnimNode::approach_next_rescalings() {
     NodeOrder& order = node_orders.rescalings;
     order.enter(this);
-    if (const CSimpleGUIAnimNode* node = order.ahead(5)) fetch_all(node, sizeof *node);
-    if (const CSimpleGUIAnimNode* node = order.ahead(4)) fetch(node->m_tracks.data());
+    SpreadFetch ahead;
+    if (const CSimpleGUIAnimNode* node = order.ahead(5)) ahead.add(node, sizeof *node);
+    if (const CSimpleGUIAnimNode* node = order.ahead(4)) ahead.add(node->m_tracks.data(), 1);
     if (const CSimpleGUIAnimNode* node = order.ahead(3)) {
-        for (const ITrack* track : node->m_tracks) fetch_all(track, sizeof(TBaseTrack<SGuiOffset>));
+        for (const ITrack* track : node->m_tracks) ahead.add(track, sizeof(TBaseTrack<SGuiOffset>));
     }
     if (const CSimpleGUIAnimNode* node = order.ahead(2)) {
-        node->each_rescaled_track(
-            [](const auto& track) { fetch_all(track.all_keys().data(), track.all_keys().size() * sizeof(void*)); });
-    }
-    if (const CSimpleGUIAnimNode* node = order.ahead(1)) {
-        node->each_rescaled_track([]<class Key>(const TBaseTrack<Key>& track) {
-            for (const IKey* key : track.all_keys()) fetch_all(key, sizeof(Key) + 1);
+        ahead.add(node->m_step.actor, 1);
+        ahead.add(node->m_step.item, 1);
+        node->each_rescaled_track([&ahead](const auto& track) {
+            ahead.add(track.all_keys().data(), track.all_keys().size() * sizeof(void*));
         });
     }
+    if (const CSimpleGUIAnimNode* node = order.ahead(1)) {
+        node->each_rescaled_track([&ahead](const auto& track) { ahead.add_keys(track.all_keys()); });
+    }
+    return ahead;
 }
 
 void CSimpleGUIAnimNode::rescale_keys(IActor* actor) {
-    approach_next_rescalings();
     auto* offsets = track_of<SGuiOffset>(get_track(TRACK_TYPE_OFFSET));
     auto* sizes = track_of<SGuiSize>(get_track(TRACK_TYPE_SIZE));
     ITrack* any_aligns = get_track(TRACK_TYPE_ALIGN);
     if (!offsets || !sizes || !any_aligns) return;
     const AnimatedItem item = animated_item(*m_manager, actor);
     if (!item.exists() || !item.has_frame) return;
+    m_step.actor = actor;
+    m_step.item = item.shape ? static_cast<const IBaseItem*>(item.shape) : item.dialog;
     auto* aligns = track_of<SGuiAlign>(any_aligns);
     const TBaseTrack<SGuiOffset>::KnownOrder offsets_in_order(*offsets);
     const TBaseTrack<SGuiSize>::KnownOrder sizes_in_order(*sizes);
     std::optional<TBaseTrack<SGuiAlign>::KnownOrder> aligns_in_order;
     if (aligns) aligns_in_order.emplace(*aligns);
+    SpreadFetch ahead = approach_next_rescalings();
     // All evaluations come ahead of the first write: the one at a key's moment reads the key's neighbours.
     const VEC2 frame = size_of(item.frame);
-    evaluate_keys(*offsets, offset_fields, aligns, item.alignment(), frame, offset_results);
-    evaluate_keys(*sizes, size_fields, aligns, item.alignment(), frame, size_results);
+    evaluate_keys(*offsets, offset_fields, aligns, item.alignment(), frame, ahead, offset_results);
+    evaluate_keys(*sizes, size_fields, aligns, item.alignment(), frame, ahead, size_results);
     store_keys(*offsets, offset_fields, offset_results);
     store_keys(*sizes, size_fields, size_results);
 }

@@ -15,6 +15,14 @@ inline void fetch(const void* address) {
 #endif
 }
 
+/// In bytes, of what is fetched at once.
+inline constexpr std::size_t cache_line = 64;
+
+inline void fetch_all(const void* begin, std::size_t bytes) {
+    if (!begin) return;
+    for (std::size_t at = 0; at < bytes; at += cache_line) fetch(static_cast<const char*>(begin) + at);
+}
+
 inline constexpr std::size_t fetch_distance = 8;
 
 /// Goes ahead of a walk over pointers to shapes from `at` to `end`: call next() at each step of it. `far` fetches parts
