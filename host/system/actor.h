@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <list>
 #include <vector>
 
 #include "engine/scene.h"
+#include "host/core/slot_table.h"
 
 namespace host {
 
@@ -61,8 +61,11 @@ private:
     // Among the children of the parent, while there is one.
     Actor* m_former = nullptr;
     Actor* m_next = nullptr;
-    /// Where the scene keeps it.
-    std::list<Actor>::iterator m_self;
+    /// Where the scene keeps it, and where its indexes do.
+    std::uint32_t m_place = 0;
+    SlotTable::Spot m_spot_by_name;
+    SlotTable::Spot m_spot_by_id;
+    SlotTable::Spot m_spot_by_any_name;
 };
 
 }  // namespace host

@@ -14,8 +14,8 @@ namespace host {
 /// Finds actors by a key that several may share: the earliest created answers. Constant time whatever the number of
 /// keys. `KeyOf` reads the key from the actor, which the index keeps beside it, so that a look-up reads no actor: what
 /// a key stands for must not change while the actor is in the index. No one may be able to make keys whose hashes meet:
-/// such would make every look-up a walk.
-template <class Actor, class KeyOf, class KeyHash>
+/// such would make every look-up a walk. `spot` is a field of the actor, which belongs to the index.
+template <class Actor, class KeyOf, class KeyHash, SlotTable::Spot Actor::*spot>
 class EarliestIndex {
 public:
     using Key = std::invoke_result_t<KeyOf, const Actor&>;
@@ -24,8 +24,11 @@ public:
     void add(Actor* actor) {
         const Key key = key_of(*actor);
         const std::uint64_t hash = KeyHash()(key);
-        if (const Place place = place_of(hash, key); place != SlotTable::none)
-            return add_behind(m_entries[place], actor);
+        if (const Place place = place_of(hash, key); place != SlotTable::none) {
+            add_behind(m_entries[place], actor);
+            actor->*spot = {place, SlotTable::tag_of(hash)};
+            return;
+        }
         // What asks for memory comes ahead of all changes.
         m_slots.make_room_for_one();
         const auto end = static_cast<Place>(m_entries.size());
@@ -36,25 +39,32 @@ public:
             m_free = m_entries[place].next;
             m_entries[place] = {key, actor, place + 1};
         }
-        m_slots.put(hash, place);
+        actor->*spot = {place, SlotTable::tag_of(hash)};
+        m_slots.put(actor->*spot);
+    }
+    /// Has fetched what remove will read.
+    void approach(const Actor& actor) const {
+        const SlotTable::Spot& at = actor.*spot;
+        if (at.place >= m_entries.size()) return;
+        m_slots.fetch_slot_of(at);
+        fetch_entry(at.place);
     }
     /// An actor that is not in the index is passed over. Asks for no memory.
-    void remove(const Actor* actor) {
-        const Key key = key_of(*actor);
-        const std::uint64_t hash = KeyHash()(key);
-        const Place place = place_of(hash, key);
-        if (place == SlotTable::none) return;
-        Entry& entry = m_entries[place];
-        auto others = m_others.extract(entry.first);
+    void remove(Actor* actor) {
+        const SlotTable::Spot at = std::exchange(actor->*spot, {});
+        // Also of an index that was cleared meanwhile.
+        if (at.place >= m_entries.size()) return;
+        Entry& entry = m_entries[at.place];
+        auto others = m_others.empty() ? typename OthersByFirst::node_type() : m_others.extract(entry.first);
         if (entry.first != actor) {
             if (!others.empty()) others.mapped().erase(actor->serial());
             put_back(std::move(others), entry, entry.first);
         } else if (others.empty() || others.mapped().empty()) {
-            m_slots.erase(hash, place);
+            m_slots.erase(at);
             entry.first = nullptr;
             entry.next = m_free;
-            m_free = place;
-            if (m_last_asked == place) m_last_asked = SlotTable::none;
+            m_free = at.place;
+            if (m_last_asked == at.place) m_last_asked = SlotTable::none;
         } else {
             Actor* const next = others.mapped().extract(others.mapped().begin()).mapped();
             put_back(std::move(others), entry, next);
@@ -79,7 +89,7 @@ public:
             const Place expected = m_entries[m_last_asked].next;
             if (expected < m_entries.size() && m_entries[expected].first && m_entries[expected].key == key) {
                 m_last_asked = expected;
-                fetch_next_of(expected);
+                fetch_entry(m_entries[expected].next);
                 return m_entries[expected].first;
             }
         }
@@ -110,12 +120,11 @@ private:
     Place place_of(std::uint64_t hash, const Key& key) const {
         return m_slots.find(hash, [&](Place place) { return m_entries[place].key == key; });
     }
-    void fetch_next_of(Place place) const {
-#if defined(__GNUC__)
-        if (const Place next = m_entries[place].next; next < m_entries.size()) __builtin_prefetch(&m_entries[next]);
-#else
-        (void)place;
-#endif
+    void fetch_entry(Place place) const {
+        if (place >= m_entries.size()) return;
+        const Entry* const entry = &m_entries[place];
+        fetch(entry);
+        fetch(&entry->next);
     }
     void add_behind(Entry& entry, Actor* actor) {
         const bool is_earliest = actor->serial() < entry.first->serial();

@@ -13,11 +13,6 @@ void CSceneManager::regist_item(unsigned long type, tstringW name, item_creator 
 
 namespace host {
 
-// Actors lie on multiples of their alignment, and the table asks for the low bits.
-std::size_t ActorHash::operator()(const IActor* actor) const {
-    return reinterpret_cast<std::uintptr_t>(actor) / alignof(Actor) * 0x9E3779B97F4A7C15u >> 20;
-}
-
 Scene::~Scene() { clear(); }
 
 void Scene::add_property_item(IBaseItem* item, tstringW name) {
@@ -43,9 +38,8 @@ Actor* Scene::find_any(std::wstring_view name) const { return find_by(m_by_any_n
 template <class Index, class Key>
 Actor* Scene::find_by(const Index& index, const Key& key, bool in_scene) const {
     if (!m_is_clearing) return index.find(key);
-    for (const Actor& actor : m_actors)
-        if ((actor.m_in_scene || !in_scene) && Index::key_of(actor) == key) return &*actor.m_self;
-    return nullptr;
+    return m_actors.find(
+        [&](const Actor& actor) { return (actor.m_in_scene || !in_scene) && Index::key_of(actor) == key; });
 }
 
 bool Scene::can_carry(const IBaseItem* item, const IActor* parent) const {
@@ -59,10 +53,9 @@ IActor* Scene::create_actor(IBaseItem* item, IActor* parent, int) {
 Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, const tstringW& name) {
     if (!can_carry(item, parent)) return nullptr;
     const std::uint64_t serial = m_next_serial++;
-    Actor& actor = m_actors.emplace_back(*this, item, serial, id, name);
-    actor.m_self = std::prev(m_actors.end());
+    Actor& actor = m_actors.add(std::make_unique<Actor>(*this, item, serial, id, name));
     try {
-        m_alive.emplace(&actor, &actor);
+        m_alive.insert(&actor);
         link(actor, living(parent));
         enter_indexes(actor);
     } catch (const std::bad_alloc&) {
@@ -74,7 +67,9 @@ Actor* Scene::create_actor_as(IBaseItem* item, IActor* parent, const CGuid& id, 
 }
 
 void Scene::delete_actor(IActor* actor) {
-    if (!actor || !holds(actor)) return;
+    m_alive.fetch_place_of(actor);
+    fetch_all(actor, sizeof(Actor));
+    if (!holds(actor)) return;
     if (on_delete) on_delete(*living(actor));
     destroy_tree(actor);
 }
@@ -104,14 +99,27 @@ void Scene::delete_actor_alone(IActor* actor) {
     destroy_one(alone);
 }
 
+void Scene::approach_end(const Actor& actor) const {
+    if (!m_is_clearing) {
+        m_by_name.approach(actor);
+        m_by_id.approach(actor);
+        m_by_any_name.approach(actor);
+    }
+    // An item is a class of some module, and as a rule no larger.
+    constexpr std::size_t item_bytes = 384;
+    fetch_all(actor.m_item.get(), item_bytes);
+    if (actor.m_former) fetch(&actor.m_former->m_next);
+    if (actor.m_next) fetch(&actor.m_next->m_former);
+}
+
 void Scene::destroy_one(Actor& actor) {
+    approach_end(actor);
     m_selection.forget(&actor);
     leave_indexes(actor);
     unlink(actor);
     m_alive.erase(&actor);
     // The actor itself outlives its item: the item may ask it for its name while it goes.
-    std::list<Actor> going;
-    going.splice(going.begin(), m_actors, actor.m_self);
+    const std::unique_ptr<Actor> going = m_actors.take(actor);
     CMyComPtr<IBaseItem> item = actor.m_item;
     actor.m_item = {};
     if (IBaseItem* carried = item.get()) {
@@ -177,22 +185,20 @@ void Scene::clear() {
     m_by_name.clear();
     m_by_id.clear();
     m_by_any_name.clear();
-    while (!m_actors.empty()) destroy_tree(&m_actors.back());
+    while (!m_actors.empty()) destroy_tree(&m_actors.last());
     m_is_clearing = false;
 }
 
 Actor* Scene::find_any(const CGuid& id) const {
     if (Actor* present = find_by(m_by_id, id, true)) return present;
     // Only those that are out of the scene are not in the index.
-    for (const Actor& actor : m_actors)
-        if (actor.m_id == id) return &*actor.m_self;
-    return nullptr;
+    return m_actors.find([&](const Actor& actor) { return actor.m_id == id; });
 }
 
 std::vector<Actor*> Scene::actors() const {
     std::vector<Actor*> all;
     all.reserve(m_actors.size());
-    for (const Actor& actor : m_actors) all.push_back(&*actor.m_self);
+    m_actors.each([&all](Actor& actor) { all.push_back(&actor); });
     return all;
 }
 
@@ -242,11 +248,6 @@ void Scene::leave_indexes(Actor& actor) {
     m_by_name.remove(&actor);
     m_by_id.remove(&actor);
     m_by_any_name.remove(&actor);
-}
-
-Actor* Scene::living(const IActor* actor) const {
-    const auto place = m_alive.find(actor);
-    return place == m_alive.end() ? nullptr : place->second;
 }
 
 void Scene::unlink(Actor& actor) {

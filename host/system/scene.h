@@ -3,8 +3,6 @@
 // The scene: the tree of actors, their look-up, their removal and their end. Knows no project file and no module but
 // through the messages that it sends.
 
-#include <tsl/robin_map.h>
-
 #include <functional>
 #include <list>
 #include <memory>
@@ -14,7 +12,9 @@
 
 #include "host/core/id_set.h"
 #include "host/core/name_key.h"
+#include "host/core/pointer_set.h"
 #include "host/system/actor.h"
+#include "host/system/actor_list.h"
 #include "host/system/earliest_index.h"
 #include "host/system/messages.h"
 #include "host/system/selection.h"
@@ -46,9 +46,6 @@ struct NameOf {
 struct IdOf {
     CGuid operator()(const Actor& actor) const { return actor.get_id(); }
 };
-struct ActorHash {
-    std::size_t operator()(const IActor* actor) const;
-};
 
 /// A global item that the author edits. No module frees it: the list holds it.
 struct PropertyItem {
@@ -59,9 +56,7 @@ struct PropertyItem {
 class Scene final : public CSceneManager {
 public:
     /// Both must outlive the scene.
-    Scene(MessageManager& messages, SelectionManager& selection) : m_messages(messages), m_selection(selection) {
-        m_alive.max_load_factor(0.75f);
-    }
+    Scene(MessageManager& messages, SelectionManager& selection) : m_messages(messages), m_selection(selection) {}
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
     ~Scene();
@@ -95,7 +90,7 @@ public:
     std::vector<Actor*> actors() const;
     std::size_t size() const { return m_actors.size(); }
     /// True if the actor lives in this scene.
-    bool holds(const IActor* actor) const { return living(actor) != nullptr; }
+    bool holds(const IActor* actor) const { return m_alive.contains(actor); }
     const std::vector<PropertyItem>& property_items() const { return m_property_items; }
     /// The items may end here, so it comes ahead of the unloading of the module that made them.
     void forget_property_items() { m_property_items.clear(); }
@@ -139,20 +134,21 @@ private:
     }
     void tell(unsigned long id, std::list<IActor*>& actors);
     /// Behind the interface; null for what is no actor of this scene, of which nothing is touched.
-    Actor* living(const IActor* actor) const;
+    Actor* living(IActor* actor) const { return holds(actor) ? static_cast<Actor*>(actor) : nullptr; }
+    /// Has fetched what the actor's end will read.
+    void approach_end(const Actor& actor) const;
     static void unlink(Actor& actor);
     static void link(Actor& actor, Actor* parent);
 
     MessageManager& m_messages;
     SelectionManager& m_selection;
-    // In the order of creation.
-    std::list<Actor> m_actors;
-    // Interfaces to actors, so that a pointer from outside is checked ahead of use.
-    tsl::robin_map<const IActor*, Actor*, ActorHash> m_alive;
-    EarliestIndex<Actor, TypedNameOf, TypedNameHash> m_by_name;
-    EarliestIndex<Actor, IdOf, IdHash> m_by_id;
+    ActorList<Actor, &Actor::m_place> m_actors;
+    // Each is an Actor.
+    PointerSet<IActor> m_alive;
+    EarliestIndex<Actor, TypedNameOf, TypedNameHash, &Actor::m_spot_by_name> m_by_name;
+    EarliestIndex<Actor, IdOf, IdHash, &Actor::m_spot_by_id> m_by_id;
     // The others hold what is in the scene; this one all that lives.
-    EarliestIndex<Actor, NameOf, NameHash> m_by_any_name;
+    EarliestIndex<Actor, NameOf, NameHash, &Actor::m_spot_by_any_name> m_by_any_name;
     // The indexes are empty and stay so until all actors are gone.
     bool m_is_clearing = false;
     std::vector<PropertyItem> m_property_items;
