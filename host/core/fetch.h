@@ -4,7 +4,8 @@
 
 namespace host {
 
-/// Has the processor bring what will be read soon, while other things are done. The address need not be one of anything.
+/// Has the processor bring what will be read soon, while other things are done. The address need not be one of
+/// anything.
 inline void fetch(const void* address) {
 #if defined(__GNUC__)
     __builtin_prefetch(address);

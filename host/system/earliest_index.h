@@ -14,8 +14,9 @@ namespace host {
 /// Finds actors by a key that several may share: the earliest created answers. Constant time whatever the number of
 /// keys. `KeyOf` reads the key from the actor, which the index keeps beside it, so that a look-up reads no actor: what
 /// a key stands for must not change while the actor is in the index. No one may be able to make keys whose hashes meet:
-/// such would make every look-up a walk. `spot` is a field of the actor, which belongs to the index.
-template <class Actor, class KeyOf, class KeyHash, SlotTable::Spot Actor::*spot>
+/// such would make every look-up a walk. `spot` is a field of the actor, which belongs to the index; `in_turn` is for
+/// indexes of which find_in_turn is asked.
+template <class Actor, class KeyOf, class KeyHash, SlotTable::Spot Actor::*spot, bool in_turn = false>
 class EarliestIndex {
 public:
     using Key = std::invoke_result_t<KeyOf, const Actor&>;
@@ -34,11 +35,13 @@ public:
         const auto end = static_cast<Place>(m_entries.size());
         const Place place = m_free == SlotTable::none ? end : m_free;
         if (place == end) {
-            m_entries.push_back({key, actor, end + 1});
+            if constexpr (in_turn) m_behind.resize(m_entries.size() + 1);
+            m_entries.push_back({key, {actor}});
         } else {
-            m_free = m_entries[place].next;
-            m_entries[place] = {key, actor, place + 1};
+            m_free = m_entries[place].next_free;
+            m_entries[place] = {key, {actor}};
         }
+        if constexpr (in_turn) m_behind[place] = place + 1;
         actor->*spot = {place, SlotTable::tag_of(hash)};
         m_slots.put(actor->*spot);
     }
@@ -61,9 +64,9 @@ public:
             put_back(std::move(others), entry, entry.first);
         } else if (others.empty() || others.mapped().empty()) {
             m_slots.erase(at);
-            entry.first = nullptr;
-            entry.next = m_free;
+            entry.next_free = m_free;
             m_free = at.place;
+            if constexpr (in_turn) m_behind[at.place] = SlotTable::none;
             if (m_last_asked == at.place) m_last_asked = SlotTable::none;
         } else {
             Actor* const next = others.mapped().extract(others.mapped().begin()).mapped();
@@ -73,6 +76,7 @@ public:
     void clear() {
         m_slots.clear();
         m_entries = {};
+        m_behind = {};
         m_free = m_last_asked = SlotTable::none;
         m_others.clear();
     }
@@ -84,18 +88,19 @@ public:
     }
     /// The same, for who asks for many keys in the same order each time: at the first time that of the creation is
     /// expected. Then it reads one place, which was fetched while the look-up ahead of it was answered.
-    Actor* find_in_turn(const Key& key) {
+    Actor* find_in_turn(const Key& key) requires in_turn {
         if (m_last_asked != SlotTable::none) {
-            const Place expected = m_entries[m_last_asked].next;
-            if (expected < m_entries.size() && m_entries[expected].first && m_entries[expected].key == key) {
+            const Place expected = m_behind[m_last_asked];
+            const bool is_there = expected < m_entries.size() && m_behind[expected] != SlotTable::none;
+            if (is_there && m_entries[expected].key == key) {
                 m_last_asked = expected;
-                fetch_entry(m_entries[expected].next);
+                fetch_entry(m_behind[expected]);
                 return m_entries[expected].first;
             }
         }
         const Place place = place_of(KeyHash()(key), key);
         if (place == SlotTable::none) return nullptr;
-        if (m_last_asked != SlotTable::none) m_entries[m_last_asked].next = place;
+        if (m_last_asked != SlotTable::none) m_behind[m_last_asked] = place;
         m_last_asked = place;
         return m_entries[place].first;
     }
@@ -107,12 +112,13 @@ public:
 
 private:
     using Place = SlotTable::Place;
+    // The earliest with its key; of an entry that is free, the next one that is.
     struct Entry {
         Key key;
-        // The earliest with its key; null in an entry that is free.
-        Actor* first;
-        // What find_in_turn was asked for behind it; in an entry that is free, the next one that is.
-        Place next;
+        union {
+            Actor* first;
+            Place next_free;
+        };
     };
     using Others = std::map<std::uint64_t, Actor*>;
     using OthersByFirst = std::unordered_map<const Actor*, Others>;
@@ -122,9 +128,8 @@ private:
     }
     void fetch_entry(Place place) const {
         if (place >= m_entries.size()) return;
-        const Entry* const entry = &m_entries[place];
-        fetch(entry);
-        fetch(&entry->next);
+        fetch(&m_entries[place]);
+        fetch(&m_entries[place].first);
     }
     void add_behind(Entry& entry, Actor* actor) {
         const bool is_earliest = actor->serial() < entry.first->serial();
@@ -146,6 +151,8 @@ private:
     SlotTable m_slots;
     std::vector<Entry> m_entries;
     Place m_free = SlotTable::none;
+    // For find_in_turn: what was asked for behind each entry, none in one that is free.
+    std::vector<Place> m_behind;
     // Never a free one.
     Place m_last_asked = SlotTable::none;
     // Those behind the first of a key, by that first; most keys have none.

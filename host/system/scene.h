@@ -146,7 +146,7 @@ private:
     // Each is an Actor.
     PointerSet<IActor> m_alive;
     EarliestIndex<Actor, TypedNameOf, TypedNameHash, &Actor::m_spot_by_name> m_by_name;
-    EarliestIndex<Actor, IdOf, IdHash, &Actor::m_spot_by_id> m_by_id;
+    EarliestIndex<Actor, IdOf, IdHash, &Actor::m_spot_by_id, true> m_by_id;
     // The others hold what is in the scene; this one all that lives.
     EarliestIndex<Actor, NameOf, NameHash, &Actor::m_spot_by_any_name> m_by_any_name;
     // The indexes are empty and stay so until all actors are gone.
