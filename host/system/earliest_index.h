@@ -86,8 +86,8 @@ public:
         const Place place = place_of(KeyHash()(key), key);
         return place == SlotTable::none ? nullptr : m_entries[place].first;
     }
-    /// The same, for who asks for many keys in the same order each time: at the first time that of the creation is
-    /// expected. Then it reads one place, which was fetched while the look-up ahead of it was answered.
+    /// The same, for who asks for many keys in the same order each time; at first that of the entries is expected. As a
+    /// rule it reads the entry itself, which was fetched while the look-up ahead of it was answered, and no slot.
     Actor* find_in_turn(const Key& key) requires in_turn {
         if (m_last_asked != SlotTable::none) {
             const Place expected = m_behind[m_last_asked];

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "engine/numbers.h"
+#include "host/core/fetch.h"
 #include "host/core/item_store.h"
 
 void CSceneManager::regist_item(unsigned long type, tstringW name, item_creator creator, unsigned long flags) {

@@ -120,6 +120,8 @@ private:
     /// Exchanges the actor's identifier or name for the value. Without memory for that nothing changes.
     template <class Key>
     void change_key(Actor& actor, Key& key, Key& value) {
+        // One that is on its way out is in no index any more.
+        if (!holds(&actor)) return std::swap(key, value);
         leave_indexes(actor);
         std::swap(key, value);
         try {

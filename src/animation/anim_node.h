@@ -51,7 +51,7 @@ private:
         NearKeys<SGuiAlign> aligns;
         NearKeys<SGuiColor> colors;
     };
-    // What the last step found, and where the next one begins to look.
+    // What the last step found, and where the next one begins to look. A rescaling notes actor and item too.
     struct Step {
         StepKeys keys;
         // The keys are neighbours in five searchable tracks for as long as track_changes is this; 0: in others.

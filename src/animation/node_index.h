@@ -31,7 +31,7 @@ public:
 
     /// Begins an operation. With `keep` what was found earlier stays as long as no list has changed: for an operation
     /// on one dialog, of which a step of all animations may hold many. The items are looked for when the first of them
-    /// is asked for: most dialogs that change their size hold nothing that is animated.
+    /// is asked for, or the shapes of a dialog are: most that change their size alone hold nothing that is animated.
     void begin(const CSimpleGUIManager& manager, bool keep);
 
     /// Null for a node that the manager's list does not name, and for one that is none of the GUI.

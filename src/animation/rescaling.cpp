@@ -214,6 +214,7 @@ void CSimpleGUIAnimNode::rescale_keys(IActor* actor) {
     const VEC2 frame = size_of(item.frame);
     evaluate_keys(*offsets, offset_fields, aligns, item.alignment(), frame, ahead, offset_results);
     evaluate_keys(*sizes, size_fields, aligns, item.alignment(), frame, ahead, size_results);
+    ahead.finish();
     store_keys(*offsets, offset_fields, offset_results);
     store_keys(*sizes, size_fields, size_results);
 }

@@ -8,7 +8,7 @@
 
 /// Fetches what comes next a few lines of the processor's cache at a time, while others are worked on: a processor
 /// waits for some two dozen lines at once, and drops what it is asked for beyond them. What is named must stay as it is
-/// until the last step. What there is no room for is not fetched.
+/// until all is fetched. What there is no room for is not fetched.
 class SpreadFetch {
 public:
     void add(const void* begin, std::size_t bytes) {
@@ -22,6 +22,11 @@ public:
     void step() {
         constexpr int lines_in_step = 3;
         for (int line = 0; line < lines_in_step; ++line) fetch_one();
+    }
+    /// What is left, where there was little to work on.
+    void finish() {
+        while (fetch_one()) {
+        }
     }
 
 private:
@@ -52,12 +57,16 @@ private:
         std::size_t m_at = 0;
     };
 
-    void fetch_one() {
-        if (const char* block = m_blocks.next(cache_line)) return fetch(block);
-        if (IKey* const* key = m_keys.next(1)) fetch(*key);
+    // False if nothing is left.
+    bool fetch_one() {
+        const char* const block = m_blocks.next(cache_line);
+        IKey* const* const key = block ? nullptr : m_keys.next(1);
+        if (!block && !key) return false;
+        fetch(block ? static_cast<const void*>(block) : *key);
+        return true;
     }
 
-    // The blocks of one node, and the keys of its tracks that are rescaled.
+    // Of the nodes to come, and the keys of the tracks of the next one that are rescaled.
     Ranges<char, 16> m_blocks;
     Ranges<IKey*, 3> m_keys;
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <random>
@@ -96,6 +97,12 @@ TEST_F(SceneTest, LookUpsAreRightThroughEveryChange) {
                     [&](const Actor& at) { return at.get_name() == tstringW(name) && at.get_item()->m_type == type; });
                 ASSERT_EQ(scene.search_item_by_name(name, type), expected ? expected->get_item() : nullptr) << step;
             }
+        for (const wchar_t* name : names) {
+            const auto everyone = scene.actors();
+            const auto first = std::find_if(everyone.begin(), everyone.end(),
+                                            [&](const Actor* at) { return at->get_name() == tstringW(name); });
+            ASSERT_EQ(scene.find_any(name), first == everyone.end() ? nullptr : *first) << step;
+        }
         // In the same order each time, as animations ask, with gaps and with what is out of the scene.
         std::vector<CGuid> ids{guid};
         for (const Actor* at : scene.actors()) ids.push_back(at->get_id());
@@ -128,6 +135,10 @@ TEST_F(SceneTest, WhatGoesFindsWhatIsStillThere) {
         earliest->set_name(L"three", true);
         EXPECT_EQ(scene.find_any(L"one"), removed);
         make(L"new", 3);
+        scene.remove({earliest});
+        EXPECT_EQ(scene.search_item_by_name(L"three", 1), nullptr);
+        scene.restore({earliest});
+        EXPECT_EQ(scene.search_item_by_name(L"three", 1), earliest->get_item());
     };
     scene.clear();
     EXPECT_EQ(looks, 1);
@@ -186,6 +197,37 @@ TEST_F(SceneTest, WithoutMemoryLookUpsStayAsTheyWere) {
         other->set_name(L"own", true);
         other->set_id(own);
         EXPECT_TRUE(is_as_before(true)) << &change - changes;
+    }
+}
+
+// Of a key that another actor has as well, and of one that is new.
+TEST_F(SceneTest, WithoutMemoryNoActorIsMade) {
+    Actor* const parent = actor(L"taken");
+    const CMyComPtr<Item> item(new Item(1));
+    for (const bool is_known : {true, false}) {
+        const CGuid id = is_known ? parent->get_id() : scene.new_id();
+        const tstringW name = is_known ? L"taken" : L"a name too long to be kept in place";
+        const std::size_t before = scene.size();
+        std::size_t failed = 0;
+        for (Actor* made = nullptr; !made; ++failed) {
+            {
+                const FailingAllocation failure(failed);
+                try {
+                    made = scene.create_actor_as(item.get(), parent, id, name);
+                } catch (const std::bad_alloc&) {
+                }
+            }
+            if (made) {
+                EXPECT_EQ(scene.find_any(name), is_known ? parent : made);
+                scene.delete_actor(made);
+            }
+            ASSERT_EQ(scene.size(), before) << failed;
+            EXPECT_FALSE(parent->has_children()) << failed;
+            EXPECT_EQ(item->m_actor, nullptr) << failed;
+            EXPECT_EQ(scene.find_any(id), is_known ? parent : nullptr) << failed;
+            EXPECT_EQ(scene.find_any(name), is_known ? parent : nullptr) << failed;
+        }
+        EXPECT_GT(failed, 1u);
     }
 }
 
