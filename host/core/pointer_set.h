@@ -13,26 +13,20 @@ namespace host {
 template <class T>
 class PointerSet {
 public:
-    bool contains(const T* pointer) const {
-        if (!pointer || m_slots.empty()) return false;
-        std::size_t at = home_of(pointer);
-        while (m_slots[at] && m_slots[at] != pointer) at = next(at);
-        return m_slots[at] != nullptr;
-    }
+    bool contains(const T* pointer) const { return pointer && !m_slots.empty() && m_slots[slot_of(pointer)]; }
     void fetch_place_of(const T* pointer) const {
         if (!m_slots.empty()) fetch(&m_slots[home_of(pointer)]);
     }
     /// It is not there yet, and not null. Without memory nothing changes.
     void insert(const T* pointer) {
         if ((m_count + 1) * 4 > m_slots.size() * 3) grow();
-        put(pointer);
+        m_slots[slot_of(pointer)] = pointer;
         ++m_count;
     }
     /// It need not be there.
     void erase(const T* pointer) {
         if (!contains(pointer)) return;
-        std::size_t hole = home_of(pointer);
-        while (m_slots[hole] != pointer) hole = next(hole);
+        std::size_t hole = slot_of(pointer);
         --m_count;
         // Each behind the hole moves up into it, unless that would take it ahead of where looks for it begin.
         for (std::size_t at = next(hole); m_slots[at]; at = next(at)) {
@@ -53,16 +47,17 @@ private:
     }
     std::size_t next(std::size_t at) const { return (at + 1) & (m_slots.size() - 1); }
     std::size_t distance(std::size_t from, std::size_t to) const { return (to - from) & (m_slots.size() - 1); }
-    void put(const T* pointer) {
+    // Where it is, or where it would go in.
+    std::size_t slot_of(const T* pointer) const {
         std::size_t at = home_of(pointer);
-        while (m_slots[at]) at = next(at);
-        m_slots[at] = pointer;
+        while (m_slots[at] && m_slots[at] != pointer) at = next(at);
+        return at;
     }
     void grow() {
         std::vector<const T*> former(m_slots.empty() ? fewest : m_slots.size() * 2);
         former.swap(m_slots);
         for (const T* pointer : former)
-            if (pointer) put(pointer);
+            if (pointer) m_slots[slot_of(pointer)] = pointer;
     }
 
     // A power of two of them, three quarters in use at most; null where there is none.

@@ -141,8 +141,7 @@ private:
     // A node that was taken out goes in again without a question for memory: there is room for as many as before.
     void put_back(typename OthersByFirst::node_type others, Entry& entry, Actor* first) {
         // The key may stand on a name of the former first.
-        entry.key = key_of(*first);
-        entry.first = first;
+        entry = {key_of(*first), {first}};
         if (others.empty() || others.mapped().empty()) return;
         others.key() = first;
         m_others.insert(std::move(others));

@@ -101,11 +101,9 @@ void Scene::delete_actor_alone(IActor* actor) {
 }
 
 void Scene::approach_end(const Actor& actor) const {
-    if (!m_is_clearing) {
-        m_by_name.approach(actor);
-        m_by_id.approach(actor);
-        m_by_any_name.approach(actor);
-    }
+    m_by_name.approach(actor);
+    m_by_id.approach(actor);
+    m_by_any_name.approach(actor);
     // An item is a class of some module, and as a rule no larger.
     constexpr std::size_t item_bytes = 384;
     fetch_all(actor.m_item.get(), item_bytes);
