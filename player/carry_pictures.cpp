@@ -90,9 +90,9 @@ CarriedPictures::CarriedPictures(const std::string& project, host::ProjectParts&
     : m_carrier(std::make_unique<Carrier>(project)), m_next(next) {}
 CarriedPictures::~CarriedPictures() = default;
 
-void CarriedPictures::add_item(host::ProjectItem& item) {
-    m_carrier->carry(item.data);
-    m_next.add_item(item);
+void CarriedPictures::add_items(std::span<host::ProjectItem> items) {
+    for (host::ProjectItem& item : items) m_carrier->carry(item.data);
+    m_next.add_items(items);
 }
 
 std::size_t CarriedPictures::count() const { return m_carrier->count(); }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "host/core/project_document.h"
@@ -21,9 +22,9 @@ public:
     CarriedPictures& operator=(const CarriedPictures&) = delete;
 
     void add_modules(host::ProjectNode& modules) override { m_next.add_modules(modules); }
-    void add_item(host::ProjectItem& item) override;
+    void add_items(std::span<host::ProjectItem> items) override;
     void add_animation(host::ProjectAnimation& animation) override { m_next.add_animation(animation); }
-    bool has_item(const CGuid& id) const override { return m_next.has_item(id); }
+    bool take_id(const CGuid& id) override { return m_next.take_id(id); }
 
     /// How many there are beside the project now.
     std::size_t count() const;

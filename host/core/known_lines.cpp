@@ -18,6 +18,7 @@ void KnownLines::learn(std::string_view text, KnownLine::Kind kind, std::string_
         line->kind = kind;
         line->key = key;
         line->line_breaks = breaks;
+        if (kind == KnownLine::EMPTY_NODE) line->keep(text, {});
         m_by_text.emplace(line->text, line);
     }
     if (!line) return;

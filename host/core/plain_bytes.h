@@ -26,7 +26,7 @@ inline std::uint64_t special_bytes(std::uint64_t word) {
     return (word | below | equals('"') | equals('&') | equals('<') | equals('>')) & (ones * 0x80);
 }
 
-inline bool is_special(char c) {
+constexpr bool is_special(char c) {
     return static_cast<signed char>(c) < 0x20 || c == '"' || c == '&' || c == '<' || c == '>';
 }
 
@@ -48,19 +48,17 @@ inline bool has_special(std::string_view text) {
     return special != 0;
 }
 
-/// As operator==, without a call.
-inline bool is_same(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    if (a.size() < 8) {
-        for (std::size_t at = 0; at < a.size(); ++at)
-            if (a[at] != b[at]) return false;
-        return true;
-    }
-    const std::size_t last = a.size() - 8;
-    // Ends where they differ, for most that differ do so early; compilers make more of the loop than it is worth, else.
-    for (std::size_t at = 0; at < last; at += 8)
-        if (eight_bytes(a.data() + at) != eight_bytes(b.data() + at)) return false;
-    return eight_bytes(a.data() + last) == eight_bytes(b.data() + last);
+/// As operator==, without a call for most keys.
+[[gnu::always_inline]] inline bool is_same(std::string_view a, std::string_view b) {
+    const std::size_t size = a.size();
+    if (size != b.size()) return false;
+    constexpr std::size_t word = sizeof(std::uint64_t);
+    if (size < word || size > 4 * word) return std::memcmp(a.data(), b.data(), size) == 0;
+    const auto difference = [&](std::size_t at) { return eight_bytes(a.data() + at) ^ eight_bytes(b.data() + at); };
+    // The words overlap where there are fewer bytes.
+    std::uint64_t different = difference(0) | difference(size - word);
+    if (size > 2 * word) different |= difference(word) | difference(size - 2 * word);
+    return different == 0;
 }
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "engine/animation.h"
@@ -56,12 +57,12 @@ struct ProjectDocument {
 /// Takes a project part by part. What it is given is its own afterwards.
 class ProjectParts {
 public:
-    /// In this order; parents ahead of their children.
+    /// In this order; parents ahead of their children. Of items several at a time are more quickly taken.
     virtual void add_modules(ProjectNode& modules) = 0;
-    virtual void add_item(ProjectItem& item) = 0;
+    virtual void add_items(std::span<ProjectItem> items) = 0;
     virtual void add_animation(ProjectAnimation& animation) = 0;
-    /// Whether an item of that identifier was added.
-    virtual bool has_item(const CGuid& id) const = 0;
+    /// Ahead of the item that it is for. False if another one has it.
+    virtual bool take_id(const CGuid& id) = 0;
 
 protected:
     ~ProjectParts() = default;

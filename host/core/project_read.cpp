@@ -182,7 +182,7 @@ private:
             ProjectItem item = read_item(element, 3);
             if (!item.parent.is_empty() && !m_ids.contains(item.parent))
                 fail(element, "unknown parent", format_guid(item.parent), "the identifier of an item further up");
-            if (!m_ids.insert(item.id).second)
+            if (!m_ids.insert(item.id))
                 fail(element, "identifier twice", format_guid(item.id), "every identifier once");
             item.line = m_lines.line_at(element.offset_debug());
             m_document.items.push_back(std::move(item));

@@ -20,10 +20,34 @@ ProjectSave::ProjectSave(const std::string& path, std::size_t items)
 
 void ProjectSave::take(const ProjectNode& modules) { close_part(m_back.gives(m_text.add_modules(modules), modules)); }
 
-void ProjectSave::take(const ProjectItem& item) {
-    const bool has_place = item.parent.is_empty() || item.parent == m_last_parent || m_ids.contains(item.parent);
-    if (has_place) m_last_parent = item.parent;
-    close_part(m_back.gives(m_text.add_item(item), item) && has_place && m_ids.insert(item.id).second);
+bool ProjectSave::is_there(const CGuid& parent) {
+    if (parent.is_empty() || parent == m_last_parent) return true;
+    if (!m_ids.contains(parent)) return false;
+    m_last_parent = parent;
+    return true;
+}
+
+// All are written, then all are read back: the processor keeps the instructions of one work at hand, not those of both.
+void ProjectSave::take(std::span<const ProjectItem> items) {
+    const std::size_t begin = m_text.text().size();
+    m_ends.clear();
+    for (const ProjectItem& item : items) {
+        m_text.add_item(item);
+        m_ends.push_back(m_text.text().size());
+    }
+    const std::string_view text = m_text.text();
+    bool is_good = true;
+    std::size_t at = begin;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        is_good = is_good && is_there(items[i].parent) && m_back.gives(text.substr(at, m_ends[i] - at), items[i]);
+        at = m_ends[i];
+    }
+    close_part(is_good);
+}
+
+void ProjectSave::take_with_id(const ProjectItem& item) {
+    take({&item, 1});
+    m_comes_back = m_comes_back && take_id(item.id);
 }
 
 void ProjectSave::take(const ProjectAnimation& animation) {
@@ -69,7 +93,7 @@ bool ProjectSave::finish(std::string& error) {
 bool write_project(const std::string& path, const ProjectDocument& document, std::string& error) {
     ProjectSave save(path, document.items.size());
     save.take(document.modules);
-    for (const ProjectItem& item : document.items) save.take(item);
+    for (const ProjectItem& item : document.items) save.take_with_id(item);
     for (const ProjectAnimation& animation : document.animations) save.take(animation);
     return save.finish(error);
 }

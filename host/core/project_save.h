@@ -4,11 +4,14 @@
 // the old file as soon as its folder is there, so that no project need be held as a whole. The old file goes once all
 // of it has come back.
 
+#include <cstddef>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "host/core/id_set.h"
 #include "host/core/project_disk.h"
-#include "host/core/project_plain.h"
+#include "host/core/project_read_back.h"
 #include "host/core/project_write.h"
 
 namespace host {
@@ -18,17 +21,21 @@ public:
     /// For about so many items.
     ProjectSave(const std::string& path, std::size_t items);
     void add_modules(ProjectNode& modules) override { take(modules); }
-    void add_item(ProjectItem& item) override { take(item); }
+    void add_items(std::span<ProjectItem> items) override { take(items); }
     void add_animation(ProjectAnimation& animation) override { take(animation); }
-    bool has_item(const CGuid& id) const override { return m_ids.contains(id); }
+    bool take_id(const CGuid& id) override { return m_ids.insert(id); }
     /// The same, for parts that others keep.
     void take(const ProjectNode& modules);
-    void take(const ProjectItem& item);
+    void take(std::span<const ProjectItem> items);
     void take(const ProjectAnimation& animation);
+    /// Takes the identifier too.
+    void take_with_id(const ProjectItem& item);
     /// Once, behind the last part. As write_project.
     bool finish(std::string& error);
 
 private:
+    /// Whether an item below that one has a place in the scene.
+    bool is_there(const CGuid& parent);
     /// Whether the part came back and has its place; once it has not, nothing is saved.
     void close_part(bool is_good);
     void write_text();
@@ -40,6 +47,8 @@ private:
     ProjectText m_text;
     std::size_t m_most_text;
     ProjectReadBack m_back;
+    // Where the text of each item of those in work ends.
+    std::vector<std::size_t> m_ends;
     IdSet m_ids;
     // Most items have the parent of the one before.
     CGuid m_last_parent;

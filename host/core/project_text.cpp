@@ -170,6 +170,17 @@ std::optional<std::wstring> from_xml_text(std::string_view bytes, bool escaped) 
 }
 
 const char* read_number(const char* at, const char* end, std::int32_t& value) {
+    // Most numbers are so short that none is out of range.
+    constexpr std::ptrdiff_t always_in_range = 9;
+    const char* digit = at != end && *at == '-' ? at + 1 : at;
+    const char* const first = digit;
+    const char* const last = end - first > always_in_range ? first + always_in_range : end;
+    std::int32_t number = 0;
+    for (; digit != last && is_digit(*digit); ++digit) number = number * 10 + (*digit - '0');
+    if (digit != first && digit != last) {
+        value = first == at ? number : -number;
+        return digit;
+    }
     const auto read = std::from_chars(at, end, value);
     return read.ec == std::errc() ? read.ptr : nullptr;
 }

@@ -128,9 +128,8 @@ ProjectMemory& ProjectNode::memory() {
     return *m_memory;
 }
 
-ProjectNode::Content& ProjectNode::content() {
-    if (!m_content) m_content = new (memory().take(sizeof(Content))) Content;
-    return *m_content;
+ProjectNode::Content& ProjectNode::make_content() {
+    return *(m_content = new (memory().take(sizeof(Content))) Content);
 }
 
 pack_node* ProjectNode::add_child(const char* name) { return &add(name ? name : ""); }
@@ -152,7 +151,16 @@ bool ProjectNode::get_property(const char* key, pak_node_type type, void* value)
 }
 
 void ProjectNode::add_string_property(const char* key, const tstringW& text) {
-    if (key) set(key, text);
+    if (!key) return;
+    bool is_new = false;
+    PropertyValue& value = stored(key, is_new).value;
+    hold_texts();
+    // One of the time before has the memory for it.
+    if (tstringW* former = std::get_if<tstringW>(&value)) {
+        *former = text;
+    } else {
+        value = text;
+    }
 }
 
 bool ProjectNode::get_string_property(const char* key, tstringW& text) {
@@ -238,9 +246,12 @@ Property& ProjectNode::append(Content& content, std::string_view key) {
 
 Property& ProjectNode::stored(std::string_view key, bool& is_new) {
     Content& content = this->content();
+    is_new = content.repeats && content.count < content.former && is_same(content.properties[content.count].key, key);
+    return is_new ? content.properties[content.count++] : stored_anew(content, key, is_new);
+}
+
+Property& ProjectNode::stored_anew(Content& content, std::string_view key, bool& is_new) {
     if (content.repeats) {
-        is_new = content.count < content.former && is_same(content.properties[content.count].key, key);
-        if (is_new) return content.properties[content.count++];
         // From here on it is a tree like any other.
         content.repeats = false;
         content.key_bits = 0;

@@ -117,6 +117,9 @@ public:
     };
     Children children() const { return Children(m_content ? m_content->first_child : nullptr); }
 
+    /// The child behind this one, or null.
+    const ProjectNode* sibling() const { return m_sibling; }
+
     /// The new child, at the end.
     ProjectNode& add(std::string_view name);
     /// The first child of that name, or null.
@@ -184,9 +187,12 @@ private:
     void end_with_memory(Content& content) const;
     /// Ahead of the first text.
     void hold_texts();
-    Content& content();
+    Content& content() { return m_content ? *m_content : make_content(); }
+    Content& make_content();
     /// The property of that key, which is made without a value if it is not there.
     Property& stored(std::string_view key, bool& is_new);
+    /// The same of one that is not the next of those there were the time before.
+    Property& stored_anew(Content& content, std::string_view key, bool& is_new);
     Property& append(Content& content, std::string_view key);
     ProjectNode& append_child(Content& content, std::string_view name);
     /// Where the key stands, or the number of properties.

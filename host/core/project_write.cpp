@@ -1,6 +1,7 @@
 #include "host/core/project_write.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "host/core/plain_bytes.h"
@@ -35,11 +36,19 @@ const char* reference_for(char c, bool in_attribute) {
 
 // Copies what stands for itself; null at the first character that does not.
 char* put_plain(char* to, std::string_view text) { return has_special(text) ? nullptr : TextBuffer::put(to, text); }
+constexpr auto plain_characters = [] {
+    std::array<bool, 0x7F> plain{};
+    for (std::size_t c = 0; c < plain.size(); ++c) plain[c] = !is_special(static_cast<char>(c));
+    return plain;
+}();
+bool is_plain(wchar_t c) {
+    const auto code = static_cast<std::size_t>(c);
+    return code < plain_characters.size() && plain_characters[code];
+}
 char* put_plain(char* to, std::wstring_view text) {
     for (const wchar_t c : text) {
-        const char narrow = static_cast<char>(c);
-        if (c < 0 || c >= 0x7F || is_special(narrow)) return nullptr;
-        *to++ = narrow;
+        if (!is_plain(c)) return nullptr;
+        *to++ = static_cast<char>(c);
     }
     return to;
 }
@@ -50,9 +59,15 @@ constexpr std::string_view line_tags[] = {"<int",  "<bool", "<float", "<rect", "
 static_assert(std::size(line_tags) == FormerLine::EMPTY_NODE + 1);
 constexpr std::string_view attribute_of(std::uint8_t kind) { return kind < FormerLine::NODE ? "key" : "name"; }
 
-// Room for a value or an identifier and what stands around it.
+// Room for a value or two identifiers and what stands around it.
 constexpr std::size_t most_around = 128;
-static_assert(most_around > longest_value + 32);
+static_assert(most_around > longest_value + 32 && most_around > 2 * guid_text::length + 50);
+
+template <class Number>
+char* write_digits(char* to, Number number) {
+    constexpr std::size_t longest = 20;
+    return std::to_chars(to, to + longest, number).ptr;
+}
 
 constexpr std::string_view items_section = "items";
 constexpr std::string_view animations_section = "animations";
@@ -78,13 +93,16 @@ std::string_view ProjectText::add_modules(const ProjectNode& modules) {
 std::string_view ProjectText::add_item(const ProjectItem& item) {
     const std::size_t begin = m_out.size();
     indent();
-    m_out.append("<item");
-    number_attribute("type", item.type);
-    guid_attribute("id", item.id);
-    if (!item.parent.is_empty()) guid_attribute("parent", item.parent);
+    // Nothing but the name needs a look at what stands in it.
+    char* at = TextBuffer::put(m_out.room(most_around), "<item type=\"");
+    at = write_digits(at, item.type);
+    at = write_guid(TextBuffer::put(at, "\" id=\""), item.id);
+    if (!item.parent.is_empty()) at = write_guid(TextBuffer::put(at, "\" parent=\""), item.parent);
+    m_out.end_at(TextBuffer::put(at, "\""));
     text_attribute("name", item.name);
-    number_attribute("visible", item.visible ? 1 : 0);
-    number_attribute("flag", item.flag);
+    at = TextBuffer::put(m_out.room(most_around), item.visible ? " visible=\"1\" flag=\"" : " visible=\"0\" flag=\"");
+    at = write_digits(at, item.flag);
+    m_out.end_at(TextBuffer::put(at, "\""));
     write_inside("item", item.data);
     return m_out.from(begin);
 }
@@ -196,29 +214,22 @@ void ProjectText::text_attribute(std::string_view name, std::wstring_view text) 
 }
 
 // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
-FormerLine* ProjectText::begin_line(FormerLine* line, std::uint8_t kind, std::string_view key) {
+FormerLine* ProjectText::begin_line(std::uint8_t kind, std::string_view key) {
     const std::size_t begin = m_out.size();
-    if (line) {
-        m_out.append(line->text, line->head);
-    } else {
-        const std::string_view tag = line_tags[kind];
-        const std::size_t blanks = m_depth * 2;
-        char* const at = m_out.room(blanks + tag.size());
-        m_out.end_at(TextBuffer::put(std::fill_n(at, blanks, ' '), tag));
-        if (!plain_attribute(attribute_of(kind), key)) {
-            const std::size_t key_begin = m_out.size();
-            attribute(attribute_of(kind), key);
-            if (m_error.empty() && first_bad_byte(m_out.from(key_begin)) != std::string::npos)
-                m_error.append("the ")
-                    .append(attribute_of(kind))
-                    .append(" \"")
-                    .append(key)
-                    .append("\" cannot stand in a project file");
-            return nullptr;
-        }
-        line = m_former.add(kind, m_depth, key, m_out.from(begin));
-    }
-    return line;
+    const std::string_view tag = line_tags[kind];
+    const std::size_t blanks = m_depth * 2;
+    char* const at = m_out.room(blanks + tag.size());
+    m_out.end_at(TextBuffer::put(std::fill_n(at, blanks, ' '), tag));
+    if (plain_attribute(attribute_of(kind), key)) return m_former.add(kind, m_depth, key, m_out.from(begin));
+    const std::size_t key_begin = m_out.size();
+    attribute(attribute_of(kind), key);
+    if (m_error.empty() && first_bad_byte(m_out.from(key_begin)) != std::string::npos)
+        m_error.append("the ")
+            .append(attribute_of(kind))
+            .append(" \"")
+            .append(key)
+            .append("\" cannot stand in a project file");
+    return nullptr;
 }
 
 void ProjectText::write_anim_node(const ProjectAnimNode& node) {
@@ -253,30 +264,38 @@ void ProjectText::write_node(const ProjectNode& node) {
         return;
     }
     const std::size_t begin = m_out.size();
-    line = begin_line(line, kind, node.name());
+    if (line) {
+        m_out.append(line->text, line->head);
+    } else {
+        line = begin_line(kind, node.name());
+    }
     write_inside("node", node);
     if (line && kind == FormerLine::EMPTY_NODE) line->keep(m_out.from(begin), {});
 }
 
 void ProjectText::write_property(const Property& property) {
     const auto kind = static_cast<std::uint8_t>(property.value.index());
-    FormerLine* line = m_former.find(kind, m_depth, property.key);
-    if (const tstringW* text = std::get_if<tstringW>(&property.value)) {
-        begin_line(line, kind, property.key);
-        write_text(*text);
-        return;
-    }
-    const ValueBits bits = bits_of_value(property.value);
-    if (line && line->whole > 0 && line->bits == bits) {
+    FormerLine* const line = m_former.find(kind, m_depth, property.key);
+    // Of a text no line is kept as a whole.
+    if (line && line->whole > 0 && line->bits == bits_of_value(property.value)) {
         m_out.append(line->text, line->whole);
-        return;
+    } else {
+        write_anew(line, property);
     }
+}
+
+void ProjectText::write_anew(FormerLine* line, const Property& property) {
     const std::size_t begin = m_out.size();
-    line = begin_line(line, kind, property.key);
+    if (line) {
+        m_out.append(line->text, line->head);
+    } else {
+        line = begin_line(static_cast<std::uint8_t>(property.value.index()), property.key);
+    }
+    if (const tstringW* text = std::get_if<tstringW>(&property.value)) return write_text(*text);
     // No number needs an escape.
     char* const at = m_out.room(most_around);
     m_out.end_at(TextBuffer::put(write_value(TextBuffer::put(at, " value=\""), property.value), "\"/>\n"));
-    if (line) line->keep(m_out.from(begin), bits);
+    if (line) line->keep(m_out.from(begin), bits_of_value(property.value));
 }
 
 void ProjectText::write_text(const tstringW& text) {

@@ -33,15 +33,18 @@ public:
             if (slot.tag == tag_of(hash) && is_it(slot.place)) return slot.place;
         }
     }
-    /// The only one that asks for memory.
-    void make_room_for_one() {
-        if ((m_count + 1) * 4 <= m_slots.size() * 3) return;
-        std::vector<Spot> former(m_slots.empty() ? fewest : m_slots.size() * 2);
+    /// For so many in all. The only one that asks for memory.
+    void make_room(std::size_t count) {
+        if (count * 4 <= m_slots.size() * 3) return;
+        std::size_t larger = m_slots.empty() ? fewest : m_slots.size() * 2;
+        while (count * 4 > larger * 3) larger *= 2;
+        std::vector<Spot> former(larger);
         former.swap(m_slots);
         m_mask = m_slots.size() - 1;
         for (const Spot& slot : former)
             if (slot.place != none) put_in(slot);
     }
+    void make_room_for_one() { make_room(m_count + 1); }
     void put(const Spot& spot) {
         put_in(spot);
         ++m_count;

@@ -1,10 +1,13 @@
 // How the engine opens and saves projects.
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
+#include "host/core/fetch.h"
 #include "host/core/item_store.h"
 #include "host/core/legacy_file.h"
 #include "host/core/memory_watch.h"
@@ -209,8 +212,14 @@ struct Engine::Saving {
     /// Those that are in the file, where others may ask for them: what stands above others, or under another identifier
     /// than its own.
     std::unordered_map<const IActor*, CGuid> id_of{};
-    /// The one in work. Its tree is written again and again.
-    ProjectItem item{};
+    /// Those in work, the first so many of them. Their trees are written again and again.
+    std::array<ProjectItem, 16> items{};
+    std::size_t count = 0;
+
+    void hand_over_items() {
+        if (count > 0) out.add_items({items.data(), count});
+        count = 0;
+    }
 };
 
 namespace {
@@ -218,13 +227,14 @@ namespace {
 class DocumentParts final : public ProjectParts {
 public:
     void add_modules(ProjectNode& modules) override { document.modules = std::move(modules); }
-    void add_item(ProjectItem& item) override {
-        m_ids.insert(item.id);
-        document.items.push_back(std::exchange(item, {}));
-        item.data = ProjectNode("item", m_memory);
+    void add_items(std::span<ProjectItem> items) override {
+        for (ProjectItem& item : items) {
+            document.items.push_back(std::exchange(item, {}));
+            item.data = ProjectNode("item", m_memory);
+        }
     }
     void add_animation(ProjectAnimation& animation) override { document.animations.push_back(std::move(animation)); }
-    bool has_item(const CGuid& id) const override { return m_ids.contains(id); }
+    bool take_id(const CGuid& id) override { return m_ids.insert(id); }
 
     ProjectDocument document;
 
@@ -280,7 +290,7 @@ void Engine::save_modules(const Saving& saving) {
 // Writes one actor with its item, if both have something to write and the actor above is in the file.
 void Engine::save_item(const Actor& actor, Saving& saving) {
     if (!actor.is_in_scene()) return;
-    ProjectItem& item = saving.item;
+    ProjectItem& item = saving.items[saving.count];
     item.parent = CGuid();
     if (const IActor* parent = actor.get_parent()) {
         const auto saved = saving.id_of.find(parent);
@@ -294,20 +304,40 @@ void Engine::save_item(const Actor& actor, Saving& saving) {
     item.type = actor.get_item()->get_type();
     item.id = actor.get_id();
     // The file tells items apart by their identifiers, whatever scripts and tools have made of them.
-    while (item.id.is_empty() || saving.out.has_item(item.id)) item.id = m_scene.new_id();
+    while (item.id.is_empty() || !saving.out.take_id(item.id)) item.id = m_scene.new_id();
     if (actor.has_children() || !(item.id == actor.get_id())) saving.id_of[&actor] = item.id;
     item.name = actor.get_name();
     item.visible = actor.is_visible();
     item.flag = actor.get_flag();
-    saving.out.add_item(item);
+    if (++saving.count == saving.items.size()) saving.hand_over_items();
 }
+
+namespace {
+
+// Has fetched what the saves of some actors further on will read: first the actor, then what that leads to.
+void approach(const std::vector<Actor*>& actors, std::size_t number) {
+    constexpr std::size_t actors_ahead = 16;
+    constexpr std::size_t items_ahead = 8;
+    // Items of modules mostly have about so many bytes.
+    constexpr std::size_t usual_item = 640;
+    if (number + actors_ahead < actors.size()) fetch_all(actors[number + actors_ahead], sizeof(Actor));
+    if (number + items_ahead >= actors.size()) return;
+    const Actor& next = *actors[number + items_ahead];
+    fetch_all(next.get_item(), usual_item);
+    fetch(next.get_name().data());
+}
+
+}  // namespace
 
 // In the order of creation, which modules keep as the order of their own lists; an actor that hangs below a later one
 // waits for it.
 void Engine::save_items(Saving& saving) {
     std::unordered_set<const Actor*> brought_forward;
     std::vector<const Actor*> above;
-    for (const Actor* actor : m_scene.actors()) {
+    const std::vector<Actor*> actors = m_scene.actors();
+    for (std::size_t number = 0; number < actors.size(); ++number) {
+        const Actor* const actor = actors[number];
+        approach(actors, number);
         const auto is_done = [&](const Actor& other) {
             return other.serial() < actor->serial() || brought_forward.contains(&other);
         };
@@ -318,6 +348,7 @@ void Engine::save_items(Saving& saving) {
         }
         for (auto next = above.rbegin(); next != above.rend(); ++next) save_item(**next, saving);
     }
+    saving.hand_over_items();
 }
 
 // A node whose item is gone is saved all the same: its keys are work, and the item may come back.

@@ -4,12 +4,15 @@
 
 #include <bit>
 #include <cmath>
+#include <functional>
 #include <random>
 #include <regex>
 
 #include "host/core/project_plain.h"
+#include "host/core/project_read_back.h"
 #include "host/core/project_text.h"
 #include "host/core/project_write.h"
+#include "host/core/project_xml.h"
 #include "host/core/text_conversion.h"
 
 namespace {
@@ -204,6 +207,47 @@ TEST(ProjectFile, ReadingBackFindsEveryWrongByte) {
     expect_every_byte_counts(without_end(text.add_animation(animation)), animation);
 }
 
+// A reader that knows lines of one tree finds them wrong for any other.
+TEST(ProjectFile, ReadingBackTakesNoTreeForAnother) {
+    const auto nested = [](ProjectNode& node, int levels) {
+        ProjectNode* at = &node;
+        for (int level = 0; level < levels; ++level) at = &at->add("n");
+    };
+    const std::function<void(ProjectNode&)> trees[] = {
+        [](ProjectNode& node) { node.set("k", 1); },
+        [](ProjectNode& node) { node.set("k", 2); },
+        [](ProjectNode& node) { node.set("j", 1); },
+        [](ProjectNode& node) { node.set("k", StoredBool{1}); },
+        [](ProjectNode& node) { node.set("k", std::bit_cast<float>(1)); },
+        [](ProjectNode& node) { node.set("k", VEC3(0, 0, 0)); },
+        [](ProjectNode& node) { node.set("k", CRect(0, 0, 0, 0)); },
+        [](ProjectNode& node) { node.set("k", VEC4(0, 0, 0, 0)); },
+        [](ProjectNode& node) { node.set("k", tstringW()); },
+        [](ProjectNode& node) { node.add("k"); },
+        [](ProjectNode& node) { node.add("j"); },
+        [](ProjectNode& node) { node.add("k").set("k", 1); },
+        [](ProjectNode& node) { node.add("k").add("k"); },
+        [&](ProjectNode& node) { nested(node, 20); },
+    };
+    ProjectDocument document;
+    for (const auto& fill_tree : trees) fill_tree(add_item(document).data);
+    ProjectReadBack reader;
+    for (int times = 0; times < 3; ++times)
+        for (const ProjectItem& written : document.items)
+            for (ProjectItem& expected : document.items) {
+                expected.id = written.id;
+                const std::string text(ProjectText(1).add_item(written));
+                ASSERT_EQ(reader.gives(text, expected), &written == &expected) << text;
+            }
+    // An item's own node is on level 3.
+    for (int levels = 60; levels < 65; ++levels) {
+        ProjectItem& deep = add_item(document);
+        nested(deep.data, levels);
+        for (int times = 0; times < 3; ++times)
+            EXPECT_EQ(reader.gives(ProjectText(1).add_item(deep), deep), 3 + levels <= xml::deepest_nesting) << levels;
+    }
+}
+
 namespace {
 
 constexpr const char* some_keys[] = {"a", "ab", "a&", "m_rect", "m_rec", "key=", "value"};
@@ -264,6 +308,9 @@ TEST(ProjectFile, WritesWhatIsWrittenAgainLikeTheFirstTime) {
             std::mt19937 random(seed);
             fill(item->data, random);
             item->data.set("number", times % 3);
+            // In the place of a number or of a text of the time before.
+            if (times % 4 > 0)
+                item->data.add_string_property(times % 8 < 4 ? "a" : "title", tstringW(L"longer than few"));
             if (times % 7 == 0) fill(item->data, random);
             // So many that they are found by an index.
             for (int more = times % 50 == 0 ? 100 : 0; more > 0; --more)

@@ -101,6 +101,19 @@ TEST_F(Saving, WritesALargeProjectAsItIs) {
     EXPECT_EQ(content(file), host::format_project(document, error));
 }
 
+// As where pictures are copied beside a project ahead of it.
+TEST_F(Saving, WaitsForAFolderThatIsMadeMeanwhile) {
+    const ProjectDocument document = large_project();
+    host::ProjectSave project((folder / "late/new.sgui").string(), document.items.size());
+    project.take(document.modules);
+    for (std::size_t at = 0; at < document.items.size(); ++at) {
+        if (at == 300) fs::create_directory(folder / "late");
+        project.take_with_id(document.items[at]);
+    }
+    ASSERT_TRUE(project.finish(error)) << error;
+    EXPECT_EQ(content(folder / "late/new.sgui"), host::format_project(document, error));
+}
+
 TEST_F(Saving, KeepsTheRightsOfTheOldFile) {
     for (const mode_t rights : {0600u, 0640u, 0664u, 0444u}) {
         ASSERT_EQ(chmod(file.c_str(), rights), 0);
@@ -193,7 +206,7 @@ TEST_F(Saving, LeavesEverythingAsItWasWhereItFails) {
              project.take(document.modules);
              {
                  const FullDisk full(500'000);
-                 for (const host::ProjectItem& item : document.items) project.take(item);
+                 for (const host::ProjectItem& item : document.items) project.take_with_id(item);
              }
              return project.finish(error);
          }},
