@@ -85,10 +85,10 @@ bool ProjectReadBack::gives(std::string_view text, const ProjectNode& modules) {
 bool ProjectReadBack::gives(std::string_view text, const ProjectItem& item) {
     Plain plain(text, m_lines);
     ProjectItem head;
-    return plain.take_next("<item") &&
-           plain.item_head(head, [&] { return plain.is_name(item.name); }) && head.type == item.type &&
-           head.id == item.id && head.parent == item.parent && head.visible == item.visible && head.flag == item.flag &&
-           plain.inside(Comparing(&item.data), item_depth, "</item>") && (plain.skip_blanks(), plain.is_at_end());
+    return plain.take_next("<item") && plain.item_head(head, [&] { return plain.is_name(item.name); }) &&
+           head.type == item.type && head.id == item.id && head.parent == item.parent && head.visible == item.visible &&
+           head.flag == item.flag && plain.inside(Comparing(&item.data), item_depth, "</item>") &&
+           (plain.skip_blanks(), plain.is_at_end());
 }
 
 bool ProjectReadBack::gives(std::string_view text, const ProjectAnimation& animation) {

@@ -24,7 +24,8 @@ struct Stored final : IBaseItem {
         if (!is_stored) return;
         int written = number;
         node->add_property(key, PAK_INT, &written);
-        if (number % 3 == 0) node->add_string_property("title", tstringW(std::wstring(static_cast<std::size_t>(number % 20), L'题')));
+        if (number % 3 == 0)
+            node->add_string_property("title", tstringW(std::wstring(static_cast<std::size_t>(number % 20), L'题')));
         if (number % 5 == 0) node->add_child("below");
     }
     int number = 0;

@@ -243,8 +243,11 @@ TEST(ProjectFile, ReadingBackTakesNoTreeForAnother) {
     for (int levels = 60; levels < 65; ++levels) {
         ProjectItem& deep = add_item(document);
         nested(deep.data, levels);
+        const std::string text(ProjectText(1).add_item(deep));
+        const std::string without_blanks = std::regex_replace(text, std::regex("\n *"), "\n");
         for (int times = 0; times < 3; ++times)
-            EXPECT_EQ(reader.gives(ProjectText(1).add_item(deep), deep), 3 + levels <= xml::deepest_nesting) << levels;
+            for (const std::string& part : {text, without_blanks})
+                EXPECT_EQ(reader.gives(part, deep), 3 + levels <= xml::deepest_nesting) << part;
     }
 }
 
