@@ -18,7 +18,7 @@ public:
         }
         return nullptr;
     }
-    Line* first() const { return m_lines[0]; }
+    Line* first() const { return m_lines.front(); }
     /// One that find did not give.
     void add(Line& line) {
         std::copy_backward(m_lines.begin(), m_lines.end() - 1, m_lines.end());

@@ -36,11 +36,12 @@ const char* reference_for(char c, bool in_attribute) {
 
 // Copies what stands for itself; null at the first character that does not.
 char* put_plain(char* to, std::string_view text) { return has_special(text) ? nullptr : TextBuffer::put(to, text); }
-constexpr auto plain_characters = [] {
+constexpr std::array<bool, 0x7F> all_plain_characters() {
     std::array<bool, 0x7F> plain{};
     for (std::size_t c = 0; c < plain.size(); ++c) plain[c] = !is_special(static_cast<char>(c));
     return plain;
-}();
+}
+constexpr std::array<bool, 0x7F> plain_characters = all_plain_characters();
 bool is_plain(wchar_t c) {
     const auto code = static_cast<std::size_t>(c);
     return code < plain_characters.size() && plain_characters[code];
