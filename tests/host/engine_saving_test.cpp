@@ -36,7 +36,7 @@ struct Stored final : IBaseItem {
 class EngineSaving : public testing::Test {
 protected:
     EngineSaving() { engine.new_project(100, 100); }
-    ~EngineSaving() override { std::filesystem::remove(path); }
+    ~EngineSaving() override { std::filesystem::remove_all(folder); }
     Actor* add(int number, IActor* parent = nullptr) {
         auto* const item = new Stored;
         item->number = number;
@@ -46,7 +46,12 @@ protected:
 
     RecordingDevice device;
     Engine engine{device, {}};
-    const std::string path = testing::TempDir() + "engine_saving.sgui";
+    // Its own: tests run side by side.
+    const std::string folder = [] {
+        std::string name = testing::TempDir() + "sgui_engine_saving_XXXXXX";
+        return std::string(mkdtemp(name.data()));
+    }();
+    const std::string path = folder + "/p.sgui";
     std::string error;
 };
 
@@ -117,5 +122,4 @@ TEST_F(EngineSaving, WhatNoFileCanHoldCostsTheOldFileNothing) {
         item.key = "number";
     }
     EXPECT_TRUE(engine.save_project(path, error)) << error;
-    std::filesystem::remove(path + ".bak");
 }
