@@ -27,7 +27,7 @@ public:
     bool insert(const CGuid& id) {
         const std::uint64_t hash = IdHash()(id);
         if (place_of(hash, id) != SlotTable::none) return false;
-        m_slots.make_room(m_ids.size() + 1);
+        m_slots.make_room_for_one();
         m_ids.push_back(id);
         m_slots.put({static_cast<SlotTable::Place>(m_ids.size() - 1), SlotTable::tag_of(hash)});
         return true;

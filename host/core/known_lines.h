@@ -3,6 +3,7 @@
 // How lines of a project file begin. Thousands of its lines begin alike, with the same key behind the same blanks, and
 // mostly follow one another in the same order: such a beginning is compared as a whole instead of being read.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>

@@ -30,10 +30,8 @@ public:
     /// The value that must come next, if it has that key.
     template <class Value>
     const Value* next(std::string_view key) {
-        if (m_properties.empty()) return nullptr;
-        const Property& expected = m_properties.front();
-        m_properties = m_properties.subspan(1);
-        return is_same(expected.key, key) ? std::get_if<Value>(&expected.value) : nullptr;
+        const Property* const expected = next_property(key);
+        return expected ? std::get_if<Value>(&expected->value) : nullptr;
     }
     template <class Value>
     bool property(std::string_view key, const Value& value) {
@@ -47,11 +45,8 @@ public:
     /// A line that gives the next property or the next child, which has nothing inside.
     bool repeats(const KnownLine& line) {
         if (line.kind == KnownLine::EMPTY_NODE) return child(line.key).is_complete();
-        if (m_properties.empty()) return false;
-        const Property& expected = m_properties.front();
-        m_properties = m_properties.subspan(1);
-        return expected.value.index() == line.kind && is_same(expected.key, line.key) &&
-               bits_of_value(expected.value) == line.value;
+        const Property* const expected = next_property(line.key);
+        return expected && expected->value.index() == line.kind && bits_of_value(expected->value) == line.value;
     }
     Comparing child(std::string_view name) {
         const ProjectNode* const expected = m_child;
@@ -62,6 +57,12 @@ public:
     bool is_complete() const { return m_is_there && m_properties.empty() && !m_child; }
 
 private:
+    const Property* next_property(std::string_view key) {
+        if (m_properties.empty()) return nullptr;
+        const Property& next = m_properties.front();
+        m_properties = m_properties.subspan(1);
+        return is_same(next.key, key) ? &next : nullptr;
+    }
     static bool is_equal(const tstringW& a, const tstringW& b) { return a == b; }
     template <class Value>
     static bool is_equal(const Value& a, const Value& b) {

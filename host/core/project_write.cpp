@@ -64,10 +64,12 @@ constexpr std::string_view attribute_of(std::uint8_t kind) { return kind < Forme
 constexpr std::size_t most_around = 128;
 static_assert(most_around > longest_value + 32 && most_around > 2 * guid_text::length + 50);
 
+// Digits of a whole number, with its sign.
+constexpr std::size_t longest_number = 20;
+
 template <class Number>
 char* write_digits(char* to, Number number) {
-    constexpr std::size_t longest = 20;
-    return std::to_chars(to, to + longest, number).ptr;
+    return std::to_chars(to, to + longest_number, number).ptr;
 }
 
 constexpr std::string_view items_section = "items";
@@ -194,8 +196,8 @@ bool ProjectText::plain_attribute(std::string_view name, const Text& text) {
 
 template <class Number>
 void ProjectText::number_attribute(std::string_view name, Number number) {
-    char digits[24];
-    plain_attribute(name, std::string_view(digits, std::to_chars(digits, std::end(digits), number).ptr));
+    char digits[longest_number];
+    plain_attribute(name, std::string_view(digits, write_digits(digits, number)));
 }
 
 void ProjectText::value_attribute(std::string_view name, const PropertyValue& value) {
@@ -215,7 +217,7 @@ void ProjectText::text_attribute(std::string_view name, std::wstring_view text) 
 }
 
 // Keys and names come from programs as bytes; a wrong one must not make a file that no one can read.
-FormerLine* ProjectText::begin_line(std::uint8_t kind, std::string_view key) {
+FormerLine* ProjectText::begin_new_line(std::uint8_t kind, std::string_view key) {
     const std::size_t begin = m_out.size();
     const std::string_view tag = line_tags[kind];
     const std::size_t blanks = m_depth * 2;
@@ -265,11 +267,7 @@ void ProjectText::write_node(const ProjectNode& node) {
         return;
     }
     const std::size_t begin = m_out.size();
-    if (line) {
-        m_out.append(line->text, line->head);
-    } else {
-        line = begin_line(kind, node.name());
-    }
+    line = begin_line(line, kind, node.name());
     write_inside("node", node);
     if (line && kind == FormerLine::EMPTY_NODE) line->keep(m_out.from(begin), {});
 }
@@ -287,11 +285,7 @@ void ProjectText::write_property(const Property& property) {
 
 void ProjectText::write_anew(FormerLine* line, const Property& property) {
     const std::size_t begin = m_out.size();
-    if (line) {
-        m_out.append(line->text, line->head);
-    } else {
-        line = begin_line(static_cast<std::uint8_t>(property.value.index()), property.key);
-    }
+    line = begin_line(line, static_cast<std::uint8_t>(property.value.index()), property.key);
     if (const tstringW* text = std::get_if<tstringW>(&property.value)) return write_text(*text);
     // No number needs an escape.
     char* const at = m_out.room(most_around);

@@ -43,9 +43,14 @@ private:
     /// False if the text has to be escaped, and nothing is written.
     template <class Text>
     bool plain_attribute(std::string_view name, const Text& text);
-    /// A line up to its key's quotation mark. Gives what the next ones have as the former one of their kind; null if it
-    /// is not kept.
-    FormerLine* begin_line(std::uint8_t kind, std::string_view key);
+    /// A line up to its key's quotation mark. `line` is the former one of that kind, or null; gives what the next ones
+    /// have as such, null if it is not kept.
+    FormerLine* begin_line(FormerLine* line, std::uint8_t kind, std::string_view key) {
+        if (!line) return begin_new_line(kind, key);
+        m_out.append(line->text, line->head);
+        return line;
+    }
+    FormerLine* begin_new_line(std::uint8_t kind, std::string_view key);
     void write_anim_node(const ProjectAnimNode& node);
     void write_inside(std::string_view element, const ProjectNode& node);
     void write_node(const ProjectNode& node);

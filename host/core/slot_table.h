@@ -33,7 +33,7 @@ public:
             if (slot.tag == tag_of(hash) && is_it(slot.place)) return slot.place;
         }
     }
-    /// For so many in all. The only one that asks for memory.
+    /// For so many in all. This and the next are the only ones that ask for memory.
     void make_room(std::size_t count) {
         if (count * 4 <= m_slots.size() * 3) return;
         std::size_t larger = m_slots.empty() ? fewest : m_slots.size() * 2;

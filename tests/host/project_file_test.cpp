@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <random>
 #include <regex>
@@ -205,6 +206,18 @@ TEST(ProjectFile, ReadingBackFindsEveryWrongByte) {
     expect_every_byte_counts(without_end(text.add_modules(document.modules)), document.modules);
     expect_every_byte_counts(without_end(text.add_item(item)), item);
     expect_every_byte_counts(without_end(text.add_animation(animation)), animation);
+}
+
+// A reader that has read no parent yet must not think that it knows such.
+TEST(ProjectFile, AParentOfZeroBytesIsNone) {
+    ProjectDocument document;
+    add_item(document).parent = CGuid(from_utf8(other_id).c_str());
+    std::string error;
+    std::string text = format_project(document, error);
+    const std::size_t parent = text.find(other_id);
+    ASSERT_NE(parent, std::string::npos);
+    text.replace(parent, std::strlen(other_id) + 1, std::strlen(other_id) + 1, '\0');
+    EXPECT_FALSE(parse_plain_project(text));
 }
 
 // A reader that knows lines of one tree finds them wrong for any other.
